@@ -1,0 +1,153 @@
+#include "core/BinaryIO.h"
+
+#include <cstdio>
+#include <cstring>
+#include <fstream>
+#include <iterator>
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include "core/Errors.h"
+#include "core/Globals.h"
+
+namespace bw {
+
+BinaryReader BinaryReader::FromFile(const std::string& path) {
+    std::ifstream in(zNormalizePath(path), std::ios::binary);
+    if (!in) zRaise(kErrFileNotFound);
+    std::string bytes((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
+    return BinaryReader(std::move(bytes));
+}
+
+void BinaryReader::Seek(size_t pos) {
+    if (pos > data_.size()) zRaise(kErrInputPastEnd);
+    pos_ = pos;
+}
+
+void BinaryReader::Need(size_t n) const {
+    if (n > data_.size() - pos_) zRaise(kErrInputPastEnd);
+}
+
+uint16_t BinaryReader::U16() {
+    Need(2);
+    auto b = reinterpret_cast<const unsigned char*>(data_.data() + pos_);
+    pos_ += 2;
+    return static_cast<uint16_t>(b[0] | (b[1] << 8));
+}
+
+int16_t BinaryReader::I16() { return static_cast<int16_t>(U16()); }
+
+int32_t BinaryReader::I32() {
+    Need(4);
+    auto b = reinterpret_cast<const unsigned char*>(data_.data() + pos_);
+    pos_ += 4;
+    uint32_t v = uint32_t(b[0]) | (uint32_t(b[1]) << 8) | (uint32_t(b[2]) << 16) | (uint32_t(b[3]) << 24);
+    return static_cast<int32_t>(v);
+}
+
+float BinaryReader::F32() {
+    uint32_t v = static_cast<uint32_t>(I32());
+    float f;
+    std::memcpy(&f, &v, 4);
+    return f;
+}
+
+double BinaryReader::F64() {
+    Need(8);
+    uint64_t v = 0;
+    for (int i = 7; i >= 0; --i) v = (v << 8) | static_cast<unsigned char>(data_[pos_ + i]);
+    pos_ += 8;
+    double d;
+    std::memcpy(&d, &v, 8);
+    return d;
+}
+
+std::string BinaryReader::Bytes(size_t n) {
+    Need(n);
+    std::string s = data_.substr(pos_, n);
+    pos_ += n;
+    return s;
+}
+
+std::string BinaryReader::FixedTrimmed(size_t n) { return zTrim(Bytes(n)); }
+
+std::string BinaryReader::VarText() {
+    uint16_t n = U16();
+    return Bytes(n);
+}
+
+void BinaryWriter::U16(uint16_t v) {
+    data_.push_back(static_cast<char>(v & 0xFF));
+    data_.push_back(static_cast<char>(v >> 8));
+}
+void BinaryWriter::I16(int16_t v) { U16(static_cast<uint16_t>(v)); }
+void BinaryWriter::I32(int32_t v) {
+    uint32_t u = static_cast<uint32_t>(v);
+    for (int i = 0; i < 4; ++i) data_.push_back(static_cast<char>((u >> (8 * i)) & 0xFF));
+}
+void BinaryWriter::F32(float v) {
+    uint32_t u;
+    std::memcpy(&u, &v, 4);
+    I32(static_cast<int32_t>(u));
+}
+void BinaryWriter::F64(double v) {
+    uint64_t u;
+    std::memcpy(&u, &v, 8);
+    for (int i = 0; i < 8; ++i) data_.push_back(static_cast<char>((u >> (8 * i)) & 0xFF));
+}
+void BinaryWriter::Bytes(const std::string& s) { data_ += s; }
+void BinaryWriter::FixedPadded(const std::string& s, size_t n) {
+    std::string t = s.substr(0, n);
+    t.resize(n, ' ');
+    data_ += t;
+}
+void BinaryWriter::VarText(const std::string& s) {
+    if (s.size() > 0xFFFF) zRaise(kErrOverflow);
+    U16(static_cast<uint16_t>(s.size()));
+    data_ += s;
+}
+
+std::string zTrim(const std::string& s) {
+    size_t b = s.find_first_not_of(' ');
+    if (b == std::string::npos) return {};
+    size_t e = s.find_last_not_of(' ');
+    return s.substr(b, e - b + 1);
+}
+
+void zWriteFileAtomic(const std::string& path, const std::string& bytes, const std::string& tempName) {
+    const std::string target = zNormalizePath(path);
+    std::string folder = ".";
+    size_t slash = target.rfind('/');
+    if (slash != std::string::npos) folder = slash == 0 ? "/" : target.substr(0, slash);
+    const std::string temp = tempName.empty() ? target + ".tmp" : zJoinPath(folder, tempName);
+
+    int fd = ::open(temp.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0644);
+    if (fd < 0) zRaise(kErrPathFileAccess);
+    size_t done = 0;
+    while (done < bytes.size()) {
+        ssize_t w = ::write(fd, bytes.data() + done, bytes.size() - done);
+        if (w <= 0) {
+            ::close(fd);
+            ::unlink(temp.c_str());
+            zRaise(kErrPathFileAccess);
+        }
+        done += static_cast<size_t>(w);
+    }
+    if (::fsync(fd) != 0 || ::close(fd) != 0) {
+        ::unlink(temp.c_str());
+        zRaise(kErrPathFileAccess);
+    }
+    if (std::rename(temp.c_str(), target.c_str()) != 0) {
+        ::unlink(temp.c_str());
+        zRaise(kErrPathFileAccess);
+    }
+    // Make the rename itself durable.
+    int dfd = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY);
+    if (dfd >= 0) {
+        ::fsync(dfd);
+        ::close(dfd);
+    }
+}
+
+}  // namespace bw
