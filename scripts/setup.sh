@@ -6,7 +6,7 @@ cd "$(dirname "$0")/.."
 PACKAGES=(g++ cmake ninja-build pkg-config
   qt6-base-dev qt6-svg-dev libqt6svg6 qt6-image-formats-plugins libgl-dev
   libgtest-dev libgmock-dev libbenchmark-dev
-  fonts-liberation2 xvfb xauth poppler-utils)
+  fonts-liberation2 xvfb xauth poppler-utils librsvg2-bin)
 
 missing=()
 for p in "${PACKAGES[@]}"; do
