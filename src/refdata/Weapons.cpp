@@ -1,0 +1,168 @@
+#include "refdata/Weapons.h"
+
+#include <cerrno>
+#include <cmath>
+#include <cstdlib>
+#include <limits>
+
+#include "core/BinaryIO.h"
+#include "core/Codepage.h"
+#include "core/Errors.h"
+
+namespace bw {
+
+std::vector<WeaponRec> gWeapons;
+
+std::string zWeaponsFileBytes(const std::vector<WeaponRec>& rows) {
+    if (rows.empty() || rows.size() > 32768) zRaise(kErrOverflow);
+    BinaryWriter w;
+    w.FixedPadded(kWeaponsCert, 45);
+    w.I16(kWeaponsVersion);
+    w.I16(static_cast<int16_t>(rows.size() - 1));
+    for (const WeaponRec& r : rows) {
+        w.VarText(r.Name);
+        w.I16(r.Type);
+        w.I16(r.Level);
+        w.I16(r.Base);
+        w.F64(r.Tonnage);
+        w.I16(r.Heat);
+        w.I16(r.Damage);
+        w.I16(r.MinRange);
+        w.I16(r.ShortRange);
+        w.I16(r.MedRange);
+        w.I16(r.LongRange);
+        w.VarText(r.RangeUnit);
+        w.I16(r.Reserved15);
+        w.I32(r.Cost);
+        w.I16(r.CombatValue);
+        w.I16(r.Shots);
+        w.VarText(r.DamageUnit);
+        w.I16(r.HasDamageUnit);
+        w.I16(r.UseClass);
+        w.I16(r.TCFlag);
+    }
+    return w.Data();
+}
+
+namespace {
+
+constexpr int kFieldCount = 20;
+constexpr const char* kFieldNames[kFieldCount] = {
+    "Base",       "Level",    "Type",      "Name",     "Heat",       "Damage",     "HasDamageUnit",
+    "DamageUnit", "MinRange", "ShortRange", "MedRange", "LongRange",  "Tonnage",    "RangeUnit",
+    "Reserved15", "Shots",    "CombatValue", "Cost",    "UseClass",   "TCFlag",
+};
+
+std::string Strip(const std::string& s) {
+    size_t b = s.find_first_not_of(" \t");
+    if (b == std::string::npos) return {};
+    size_t e = s.find_last_not_of(" \t");
+    return s.substr(b, e - b + 1);
+}
+
+bool ParseInt(const std::string& text, int64_t lo, int64_t hi, int64_t& out) {
+    const std::string s = Strip(text);
+    if (s.empty()) return false;
+    size_t i = (s[0] == '-' || s[0] == '+') ? 1 : 0;
+    if (i == s.size()) return false;
+    for (size_t k = i; k < s.size(); ++k)
+        if (s[k] < '0' || s[k] > '9') return false;
+    if (s.size() - i > 12) return false;
+    errno = 0;
+    const long long v = std::strtoll(s.c_str(), nullptr, 10);
+    if (errno != 0 || v < lo || v > hi) return false;
+    out = v;
+    return true;
+}
+
+bool ParseDouble(const std::string& text, double& out) {
+    const std::string s = Strip(text);
+    if (s.empty()) return false;
+    char* end = nullptr;
+    errno = 0;
+    const double v = std::strtod(s.c_str(), &end);
+    if (errno != 0 || end != s.c_str() + s.size() || !std::isfinite(v)) return false;
+    out = v;
+    return true;
+}
+
+std::vector<std::string> SplitTabs(const std::string& line) {
+    std::vector<std::string> out(1);
+    for (char c : line) {
+        if (c == '\t')
+            out.emplace_back();
+        else
+            out.back() += c;
+    }
+    return out;
+}
+
+}  // namespace
+
+bool zParseWeaponsText(const std::string& text, const std::string& fileName, std::vector<WeaponRec>& rows,
+                       std::string& error) {
+    rows.clear();
+    size_t start = 0;
+    int lineNo = 0;
+    auto fail = [&](const std::string& what) {
+        error = fileName + ":" + std::to_string(lineNo) + ": " + what;
+        rows.clear();
+        return false;
+    };
+    while (start < text.size()) {
+        size_t nl = text.find('\n', start);
+        if (nl == std::string::npos) nl = text.size();
+        std::string line = text.substr(start, nl - start);
+        start = nl + 1;
+        ++lineNo;
+        if (!line.empty() && line.back() == '\r') line.pop_back();
+        if (Strip(line).empty() || line[0] == '#') continue;
+
+        const std::vector<std::string> f = SplitTabs(line);
+        if (f.size() != kFieldCount)
+            return fail("expected " + std::to_string(kFieldCount) + " tab-separated fields, found " +
+                        std::to_string(f.size()));
+
+        WeaponRec r;
+        int16_t* const ints[kFieldCount] = {
+            &r.Base,       &r.Level,    &r.Type,       nullptr,
+            &r.Heat,       &r.Damage,   &r.HasDamageUnit, nullptr,
+            &r.MinRange,   &r.ShortRange, &r.MedRange, &r.LongRange,
+            nullptr,       nullptr,     &r.Reserved15, &r.Shots,
+            &r.CombatValue, nullptr,    &r.UseClass,   &r.TCFlag,
+        };
+        for (int i = 0; i < kFieldCount; ++i) {
+            if (!ints[i]) continue;
+            int64_t v = 0;
+            if (!ParseInt(f[i], std::numeric_limits<int16_t>::min(), std::numeric_limits<int16_t>::max(), v))
+                return fail("field " + std::to_string(i + 1) + " (" + kFieldNames[i] +
+                            ") is not a 16-bit integer: '" + f[i] + "'");
+            *ints[i] = static_cast<int16_t>(v);
+        }
+        int64_t cost = 0;
+        if (!ParseInt(f[17], std::numeric_limits<int32_t>::min(), std::numeric_limits<int32_t>::max(), cost))
+            return fail("field 18 (Cost) is not a 32-bit integer: '" + f[17] + "'");
+        r.Cost = static_cast<int32_t>(cost);
+        if (!ParseDouble(f[12], r.Tonnage)) return fail("field 13 (Tonnage) is not a number: '" + f[12] + "'");
+
+        const int textFields[3] = {3, 7, 13};
+        std::string* const texts[3] = {&r.Name, &r.DamageUnit, &r.RangeUnit};
+        for (int k = 0; k < 3; ++k) {
+            const int i = textFields[k];
+            if (!zUtf8ToCp1252(f[i], *texts[k]))
+                return fail("field " + std::to_string(i + 1) + " (" + kFieldNames[i] +
+                            ") is not UTF-8 text that Windows-1252 can hold");
+        }
+        if (r.Name.empty()) return fail("field 4 (Name) is empty");
+        if (rows.size() == 32768) return fail("more than 32768 rows");
+        rows.push_back(std::move(r));
+    }
+    if (rows.empty()) {
+        lineNo = 0;
+        return fail("no rows");
+    }
+    error.clear();
+    return true;
+}
+
+}  // namespace bw
