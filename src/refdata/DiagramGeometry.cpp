@@ -585,8 +585,8 @@ bool Layout(DiagramSource& src, std::vector<Reader::RegionOptions> options, std:
     DiagramSource t = src;
     std::swap(t.width, t.height);
     for (auto& r : t.regions) {
-        r.shape.kind = DgShape::Poly;
         r.shape.pts = r.shape.Outline();
+        r.shape.kind = DgShape::Poly;
         for (auto& p : r.shape.pts) p = Swap(p);
     }
     for (auto& o : options) {

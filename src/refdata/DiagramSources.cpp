@@ -1,77 +1,107 @@
 #include "refdata/DiagramSources.h"
 
-#include <cerrno>
-#include <cstdlib>
-#include <fstream>
-#include <iterator>
-#include <sstream>
+#include <algorithm>
+#include <cstdio>
+#include <filesystem>
+#include <map>
+#include <set>
 
+#include "core/BinaryIO.h"
+#include "core/Errors.h"
 #include "core/Globals.h"
+#include "refdata/DiagramGeometry.h"
 
 namespace bw {
 namespace {
 
-bool ParseI16(const std::string& s, int16_t& out) {
-    if (s.empty()) return false;
-    char* end = nullptr;
-    errno = 0;
-    const long v = std::strtol(s.c_str(), &end, 10);
-    if (errno != 0 || end != s.c_str() + s.size() || v < -32768 || v > 32767) return false;
-    out = static_cast<int16_t>(v);
-    return true;
+DotRecord MakeRecord(int16_t diagram, int16_t location, const std::vector<DgDot>& dots) {
+    DotRecord r;
+    r.diagram = diagram;
+    r.location = location;
+    for (const auto& d : dots) {
+        r.X.push_back(d.x);
+        r.Y.push_back(d.y);
+    }
+    return r;
 }
 
-// One record per line: "diagram location x,y x,y ...".
-bool ReadDotFile(const std::string& path, std::vector<DotRecord>& out, std::string& error) {
-    out.clear();
-    std::ifstream in(path, std::ios::binary);
-    if (!in) {
-        error = path + ": cannot be read";
+bool WriteFile(const std::filesystem::path& path, const std::string& text, std::string& error) {
+    try {
+        zWriteFileAtomic(path.string(), text);
+        return true;
+    } catch (const RunError& e) {
+        error = path.string() + ": cannot be written: " + e.what();
         return false;
     }
-    std::string line;
-    int lineNo = 0;
-    while (std::getline(in, line)) {
-        ++lineNo;
-        if (!line.empty() && line.back() == '\r') line.pop_back();
-        const size_t hash = line.find('#');
-        if (hash != std::string::npos) line.erase(hash);
-        std::istringstream words(line);
-        std::string a, b;
-        if (!(words >> a)) continue;
-        DotRecord r;
-        const std::string where = path + ":" + std::to_string(lineNo) + ": ";
-        if (!(words >> b) || !ParseI16(a, r.diagram) || !ParseI16(b, r.location)) {
-            error = where + "expected 'diagram location x,y ...'";
-            return false;
-        }
-        std::string pt;
-        while (words >> pt) {
-            const size_t comma = pt.find(',');
-            int16_t x = 0, y = 0;
-            if (comma == std::string::npos || !ParseI16(pt.substr(0, comma), x) ||
-                !ParseI16(pt.substr(comma + 1), y)) {
-                error = where + "bad dot '" + pt + "', expected x,y";
-                return false;
-            }
-            r.X.push_back(x);
-            r.Y.push_back(y);
-        }
-        out.push_back(std::move(r));
-    }
-    if (out.empty()) {
-        error = path + ": no records";
-        return false;
-    }
-    return true;
 }
 
 }  // namespace
 
-bool BuildDiagramData(const std::string& dataDir, const std::string& /*outDir*/, std::vector<DotRecord>& armor,
+// Every diagram source under dataDir/diagrams gives its pictures (written to
+// outDir/bwp, editor plan views to outDir/bwp/editor) and, for each diagram
+// code it names, one armor and one structure record per location.
+bool BuildDiagramData(const std::string& dataDir, const std::string& outDir, std::vector<DotRecord>& armor,
                       std::vector<DotRecord>& internal, std::string& error) {
-    return ReadDotFile(zJoinPath(dataDir, "dots/armorloc.txt"), armor, error) &&
-           ReadDotFile(zJoinPath(dataDir, "dots/intloc.txt"), internal, error);
+    armor.clear();
+    internal.clear();
+    std::vector<DiagramSource> sources;
+    if (!zReadDiagramFolder(zJoinPath(dataDir, "diagrams"), sources, error)) return false;
+    if (sources.empty()) {
+        error = zJoinPath(dataDir, "diagrams") + ": no diagram sources";
+        return false;
+    }
+
+    std::map<int16_t, std::string> codeOwner;
+    std::map<std::string, std::string> pictureOwner;
+    for (const auto& s : sources) {
+        for (int16_t code : s.codes) {
+            auto [it, fresh] = codeOwner.emplace(code, s.path);
+            if (!fresh) {
+                error = s.path + ": diagram " + std::to_string(code) + " is already given by " + it->second;
+                return false;
+            }
+        }
+        for (const auto* list : {&s.arts, &s.editors})
+            for (const auto& v : *list) {
+                std::string key = (list == &s.arts ? "art " : "editor ") + v.name;
+                auto [it, fresh] = pictureOwner.emplace(key, s.path);
+                if (!fresh) {
+                    error = s.path + ": " + key + " is already drawn by " + it->second;
+                    return false;
+                }
+            }
+    }
+
+    for (const auto& s : sources)
+        for (int16_t code : s.codes) {
+            for (int16_t loc : s.Locations(false)) armor.push_back(MakeRecord(code, loc, s.Dots(loc, false)));
+            for (int16_t loc : s.Locations(true)) internal.push_back(MakeRecord(code, loc, s.Dots(loc, true)));
+        }
+    auto byKey = [](const DotRecord& a, const DotRecord& b) {
+        return a.diagram != b.diagram ? a.diagram < b.diagram : a.location < b.location;
+    };
+    std::sort(armor.begin(), armor.end(), byKey);
+    std::sort(internal.begin(), internal.end(), byKey);
+
+    namespace fs = std::filesystem;
+    const fs::path art = fs::path(zNormalizePath(outDir)) / "bwp";
+    const fs::path editor = art / "editor";
+    std::error_code ec;
+    fs::create_directories(editor, ec);
+    if (ec) {
+        error = editor.string() + ": cannot be created: " + ec.message();
+        return false;
+    }
+    for (const auto& s : sources) {
+        for (const auto& v : s.arts)
+            if (!WriteFile(art / (v.name + ".bwp"), zDiagramSvg(s, v, false), error)) return false;
+        for (const auto& v : s.editors) {
+            char name[32];
+            std::snprintf(name, sizeof name, "diag%02d.svg", std::atoi(v.name.c_str()));
+            if (!WriteFile(editor / name, zDiagramSvg(s, v, true), error)) return false;
+        }
+    }
+    return true;
 }
 
 }  // namespace bw
