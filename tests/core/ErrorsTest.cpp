@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <cmath>
+
 #include "core/Errors.h"
 #include "support/FakeUi.h"
 
