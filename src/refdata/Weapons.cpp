@@ -7,7 +7,12 @@
 
 #include "core/BinaryIO.h"
 #include "core/Codepage.h"
+#include "core/Config.h"
 #include "core/Errors.h"
+#include "core/Globals.h"
+#include "core/Helpers.h"
+#include "core/Progress.h"
+#include "core/Ui.h"
 
 namespace bw {
 
@@ -163,6 +168,93 @@ bool zParseWeaponsText(const std::string& text, const std::string& fileName, std
     }
     error.clear();
     return true;
+}
+
+}  // namespace bw
+
+// ---- loading ----------------------------------------------------------------
+
+namespace bw {
+namespace {
+
+// Bytes of the smallest row: three empty texts, thirteen 16-bit fields, the
+// tonnage and the cost.
+constexpr size_t kMinWeaponRowBytes = 3 * 2 + 13 * 2 + 8 + 4;
+
+std::string WeaponsClosing() {
+    return std::string("Please goto the Tallowmere Workshop website at") + kSupportWeb +
+           "to get a new weapon database.";
+}
+
+void Refuse(const std::string& text, const std::string& title) {
+    zLog(text);
+    zMsgBox(text, MsgButtons::OK, MsgIcon::Critical, title);
+}
+
+WeaponRec ReadWeapon(BinaryReader& r) {
+    WeaponRec w;
+    w.Name = r.VarText();
+    w.Type = r.I16();
+    w.Level = r.I16();
+    w.Base = r.I16();
+    w.Tonnage = r.F64();
+    w.Heat = r.I16();
+    w.Damage = r.I16();
+    w.MinRange = r.I16();
+    w.ShortRange = r.I16();
+    w.MedRange = r.I16();
+    w.LongRange = r.I16();
+    w.RangeUnit = r.VarText();
+    w.Reserved15 = r.I16();
+    w.Cost = r.I32();
+    w.CombatValue = r.I16();
+    w.Shots = r.I16();
+    w.DamageUnit = r.VarText();
+    w.HasDamageUnit = r.I16();
+    w.UseClass = r.I16();
+    w.TCFlag = r.I16();
+    return w;
+}
+
+}  // namespace
+
+bool zLoadWeapons() {
+    return zTrap<bool>("zLoadWeapons", false, [] {
+        const std::string found = zDirFind(gAppPath, kWeaponsFile);
+        if (zLower(found) != kWeaponsFile) {
+            Refuse("Unable to find the weapons database file. " + WeaponsClosing(), "Unable to find file");
+            return false;
+        }
+        BinaryReader r = BinaryReader::FromFile(zAppFile(found));
+        if (r.FixedTrimmed(45) != kWeaponsCert) {
+            Refuse("Unable to certify weapon database file. " + WeaponsClosing(), "Unable to certify file");
+            return false;
+        }
+        const int16_t version = r.I16();
+        if (version != kWeaponsVersion) {
+            Refuse("You weapon database is out of date. This program is looking for a database of version " +
+                       std::to_string(kWeaponsVersion) + " but your database is of version " +
+                       std::to_string(version) + ". " + WeaponsClosing(),
+                   "Wrong file version");
+            return false;
+        }
+        const int16_t n = r.I16();
+        if (n < 0) zRaise(kErrSubscript);
+        const size_t rows = static_cast<size_t>(n) + 1;
+        // A count the rest of the file cannot hold is a corrupt file, not a
+        // reason to allocate.
+        if (rows > r.Remaining() / kMinWeaponRowBytes) zRaise(kErrInputPastEnd);
+        gWeapons.assign(rows, WeaponRec{});
+
+        const int32_t h = zCInt(static_cast<double>(kRefHeaderBytes) / 10);
+        const int32_t s = zCInt(static_cast<double>(gLenWeapons - h) / static_cast<double>(rows));
+        for (size_t i = 0; i < rows; ++i) {
+            gWeapons[i] = ReadWeapon(r);
+            zSplashProgressSet(zCLng(h + static_cast<double>(static_cast<int64_t>(i) * s) / 10));
+        }
+        gSplashDone = zSplashProgressValue();
+        return true;
+    });
 }
 
 }  // namespace bw

@@ -7,22 +7,13 @@
 #include "core/Globals.h"
 #include "core/Helpers.h"
 #include "core/Progress.h"
+#include "support/AppFolder.h"
 #include "support/FakeUi.h"
 #include "support/TempDir.h"
 
 using namespace bw;
 
-namespace {
-
-// The program's folder pointed at a temp folder for one test.
-struct AppFolder {
-    test::TempDir dir;
-    std::string saved = gAppPath;
-    AppFolder() { SetAppPath(dir.Path()); }
-    ~AppFolder() { SetAppPath(saved); }
-};
-
-}  // namespace
+using test::AppFolder;
 
 TEST(Rounding, FractionalGrainsStayOnAStepBelowOneHundredth) {
     EXPECT_EQ(zRoundHalf(0), 0);
