@@ -801,7 +801,7 @@ std::string zDiagramSvg(const DiagramSource& src, const DgVariant& variant, bool
     const std::string title = editor ? variant.title : src.title;
     if (!title.empty()) {
         o << "<rect x=\"1\" y=\"1\" width=\"" << Num(W - 2) << "\" height=\"15\" rx=\"3\" ry=\"3\" fill=\"#222\"/>\n";
-        o << "<text x=\"" << Num(W / 2) << "\" y=\"12\" font-family=\"Arial, Helvetica, sans-serif\" font-size=\"10\" "
+        o << "<text x=\"" << Num(W / 2) << "\" y=\"12\" font-family=\"Arial\" font-size=\"10\" "
              "font-weight=\"bold\" fill=\"#fff\" text-anchor=\"middle\" letter-spacing=\"1\">"
           << Esc(title) << "</text>\n";
     }
@@ -820,7 +820,7 @@ std::string zDiagramSvg(const DiagramSource& src, const DgVariant& variant, bool
             }
             case DgItem::Text: {
                 o << "<text x=\"" << Num(item.at.x) << "\" y=\"" << Num(item.at.y)
-                  << "\" font-family=\"Arial, Helvetica, sans-serif\" font-size=\"" << Num(item.size) << "\"";
+                  << "\" font-family=\"Arial\" font-size=\"" << Num(item.size) << "\"";
                 if (item.bold) o << " font-weight=\"bold\"";
                 if (item.anchor != "start") o << " text-anchor=\"" << item.anchor << "\"";
                 if (item.rotate != 0)
