@@ -15,7 +15,9 @@
 #include <string>
 #include <vector>
 
+#include "core/Globals.h"
 #include "refdata/Weapons.h"
+#include "support/FakeUi.h"
 
 namespace {
 
@@ -513,4 +515,32 @@ TEST(WeaponTableText, TargetingComputerCountsDirectFireWeaponsOnly) {
         bool directFire = (r.Type == kEnergy || r.Type == kBallistic) && r.Damage > 0;
         EXPECT_EQ(r.TCFlag == 1, directFire) << Where(r);
     }
+}
+
+TEST(WeaponTableText, ProgramLoadsTheBuiltTable) {
+    if (std::getenv("BW_WEAPONS_TSV")) GTEST_SKIP() << "a candidate table is not what the build encoded";
+    bw::test::ScopedFakeUi fake;
+    const std::string savedPath = bw::gAppPath;
+    bw::SetAppPath(BW_BIN_DIR);
+    bw::gLenWeapons = static_cast<int16_t>(std::filesystem::file_size(std::filesystem::path(BW_BIN_DIR) / "weapons.bin"));
+    bw::gWeapons.clear();
+    const bool ok = bw::zLoadWeapons();
+    bw::SetAppPath(savedPath);
+    ASSERT_TRUE(ok);
+    EXPECT_TRUE(fake.ui.boxes.empty());
+    const auto& t = Table();
+    ASSERT_EQ(bw::gWeapons.size(), t.size());
+    for (size_t i = 0; i < t.size(); ++i) {
+        EXPECT_EQ(bw::gWeapons[i].Name, t[i].Name) << "row " << i;
+        EXPECT_EQ(bw::gWeapons[i].Base, t[i].Base) << "row " << i;
+        EXPECT_EQ(bw::gWeapons[i].Tonnage, t[i].Tonnage) << "row " << i;
+        EXPECT_EQ(bw::gWeapons[i].Cost, t[i].Cost) << "row " << i;
+    }
+    // The rows the allocation and fighter rules look up by name, as loaded.
+    std::set<std::string> names;
+    for (const auto& w : bw::gWeapons) names.insert(w.Name);
+    for (const char* n : {"Cargo Space", "Passengers", "Beagle Active Probe", "Bloodhound Active Probe", "C(3) Slave",
+                          "Active Probe", "Watchdog System"})
+        EXPECT_TRUE(names.count(n)) << n;
+    bw::gWeapons.clear();
 }
