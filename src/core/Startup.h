@@ -39,6 +39,9 @@ public:
 // or a reference file's size made start-up impossible.
 enum class StartResult { Running, Ended };
 
+// The splash window lives in Main: the host must not keep it past
+// UnloadSplash or past Main's return. On Ended the host ends the process
+// at once, running no unload steps.
 StartResult Main(IStartupHost& host);
 
 // Lengths of the reference files and the splash total. A file of 32768
