@@ -24,6 +24,9 @@ std::string zErrorDescription(int32_t number) {
         case kErrPathNotFound: return "Path not found";
         case kErrPrinter: return "Printer error";
         case kErrCancel: return "Cancel was selected.";
+        case 380: return "Invalid property value";
+        case 35601: return "Element not found";
+        case 35602: return "Key is not unique in collection";
         default: return "Application-defined or object-defined error";
     }
 }

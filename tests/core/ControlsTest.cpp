@@ -1,0 +1,188 @@
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "core/Controls.h"
+#include "core/Errors.h"
+
+using namespace bw;
+
+namespace {
+int32_t ErrOf(auto&& f) {
+    try {
+        f();
+    } catch (const RunError& e) {
+        return e.Number();
+    }
+    return 0;
+}
+}  // namespace
+
+TEST(ScrollBarModel, ChangeFiresAtOnceAndReentersOtherControls) {
+    ScrollBar tonnage, speed;
+    tonnage.SetMax(100);
+    speed.SetMax(20);
+    std::vector<std::string> trace;
+    speed.Change = [&] { trace.push_back("speed=" + std::to_string(speed.Value())); };
+    tonnage.Change = [&] {
+        trace.push_back("tonnage begin");
+        speed.SetValue(static_cast<int16_t>(tonnage.Value() / 5));  // re-entry into speed's handler
+        trace.push_back("tonnage end");
+    };
+    tonnage.SetValue(50);
+    EXPECT_EQ(trace, (std::vector<std::string>{"tonnage begin", "speed=10", "tonnage end"}));
+}
+
+TEST(ScrollBarModel, EqualValueAndHeldLimitFireNothing) {
+    ScrollBar s;
+    s.SetMin(1);
+    s.SetMax(5);
+    int fired = 0;
+    s.Change = [&] { ++fired; };
+    s.SetValue(5);
+    EXPECT_EQ(fired, 1);
+    s.SetValue(5);
+    s.StepUp();  // held at the limit
+    EXPECT_EQ(fired, 1);
+    EXPECT_EQ(s.Value(), 5);
+    s.SmallChange = 3;
+    s.StepDown();
+    s.StepDown();  // stops at Min, not below
+    EXPECT_EQ(s.Value(), 1);
+    EXPECT_EQ(fired, 3);
+}
+
+TEST(ScrollBarModel, OutOfRangeIsInvalidPropertyValue) {
+    ScrollBar s;
+    s.SetMax(10);
+    EXPECT_EQ(ErrOf([&] { s.SetValue(11); }), kErrInvalidPropertyValue);
+    EXPECT_EQ(s.Value(), 0);
+}
+
+TEST(ScrollBarModel, LoweringMaxPullsValueInAndFires) {
+    ScrollBar s;
+    s.SetMax(100);
+    s.SetValue(80);
+    int fired = 0;
+    s.Change = [&] { ++fired; };
+    s.SetMax(40);
+    EXPECT_EQ(s.Value(), 40);
+    EXPECT_EQ(fired, 1);
+}
+
+TEST(TextBoxModel, ChangeOnlyOnDifferentTextAndMaxLengthCuts) {
+    TextBox t;
+    int fired = 0;
+    t.Change = [&] { ++fired; };
+    t.SetText("abc");
+    t.SetText("abc");
+    EXPECT_EQ(fired, 1);
+    t.MaxLength = 2;
+    t.SetText("xyz");
+    EXPECT_EQ(t.Text(), "xy");
+}
+
+TEST(ObserverModel, EveryPropertyChangeNotifiesUntilUnsubscribed) {
+    Label l;
+    int seen = 0;
+    int id = l.Subscribe([&] { ++seen; });
+    l.SetCaption("Free");
+    l.SetCaption("Free");
+    l.SetForeColor(255);
+    l.SetVisible(false);
+    EXPECT_EQ(seen, 3);
+    l.Unsubscribe(id);
+    l.SetCaption("x");
+    EXPECT_EQ(seen, 3);
+}
+
+TEST(OptionButtonModel, SettingOneClearsItsGroup) {
+    OptionButton a, b, c;
+    std::vector<OptionButton*> group{&a, &b, &c};
+    for (auto* o : group) o->SetGroup(&group);
+    int clicks = 0;
+    b.Click = [&] { ++clicks; };
+    a.SetValue(true);
+    b.SetValue(true);
+    EXPECT_FALSE(a.Value());
+    EXPECT_TRUE(b.Value());
+    EXPECT_EQ(clicks, 1);
+}
+
+TEST(ListControlModel, SelectionItemDataAndRemoval) {
+    ComboBox c;
+    c.AddItem("Tracked");
+    c.AddItem("Wheeled");
+    c.AddItem("Hover");
+    c.SetItemData(2, 42);
+    int clicks = 0;
+    c.Click = [&] { ++clicks; };
+    c.SetText("Hover");
+    EXPECT_EQ(c.ListIndex(), 2);
+    EXPECT_EQ(c.ItemData(c.ListIndex()), 42);
+    c.SetListIndex(2);
+    EXPECT_EQ(clicks, 1);
+    c.RemoveItem(0);
+    EXPECT_EQ(c.ListIndex(), 1);
+    EXPECT_EQ(c.Text(), "Hover");
+    EXPECT_EQ(ErrOf([&] { c.SetListIndex(5); }), kErrInvalidPropertyValue);
+    ListBox sorted;
+    sorted.Sorted = true;
+    for (auto s : {"b", "c", "a"}) sorted.AddItem(s);
+    EXPECT_EQ(sorted.List(0), "a");
+    EXPECT_EQ(sorted.List(2), "c");
+}
+
+TEST(ListViewModel, KeysAreUniqueAndSortIsByText) {
+    ListView lv;
+    lv.Add("v0", "Alpha").SetSubItem(3, "20");
+    lv.Add("v1", "Bravo").SetSubItem(3, "100");
+    lv.Add("v2", "Charlie").SetSubItem(3, "5");
+    EXPECT_EQ(ErrOf([&] { lv.Add("v1", "again"); }), kErrKeyNotUnique);
+    lv.SortByColumn(3);
+    // As text: "100" < "20" < "5".
+    EXPECT_EQ(lv.Item(0).Key, "v1");
+    EXPECT_EQ(lv.Item(1).Key, "v0");
+    EXPECT_EQ(lv.Item(2).Key, "v2");
+    int clicked = -1;
+    lv.ItemClick = [&](int32_t i) { clicked = i; };
+    lv.Select(2);
+    EXPECT_EQ(clicked, 2);
+    ASSERT_NE(lv.SelectedItem(), nullptr);
+    EXPECT_EQ(lv.SelectedItem()->Key, "v2");
+}
+
+TEST(TreeViewModel, KeysParentsRemovalAndExpandEvent) {
+    TreeView tv;
+    tv.Add("", "Energy", "Energy Weapons");
+    tv.Add("Energy", "w1-0", "Medium Laser");
+    tv.Add("w1-0", "w1-0x", "child");
+    tv.Add("", "Missile", "Missiles");
+    EXPECT_EQ(ErrOf([&] { tv.Add("", "Energy", "dup"); }), kErrKeyNotUnique);
+    EXPECT_EQ(ErrOf([&] { tv.Add("nope", "k", "t"); }), kErrElementNotFound);
+    std::string expanded;
+    tv.Expand = [&](const std::string& k) { expanded = k; };
+    tv.SetExpanded("Energy", true);
+    EXPECT_EQ(expanded, "Energy");
+    expanded.clear();
+    tv.SetExpanded("Energy", true);  // already open: nothing
+    EXPECT_EQ(expanded, "");
+    tv.Select("w1-0");
+    tv.Remove("Energy");
+    EXPECT_EQ(tv.Count(), 1);
+    EXPECT_EQ(tv.SelectedKey(), "");
+    EXPECT_EQ(tv.Children("").size(), 1u);
+}
+
+TEST(TimerModel, TicksOnlyWhenEnabledWithInterval) {
+    Timer t;
+    int ticks = 0;
+    t.OnTimer = [&] { ++ticks; };
+    t.Tick();
+    t.Interval = 500;
+    t.Tick();
+    t.SetEnabled(false);
+    t.Tick();
+    EXPECT_EQ(ticks, 1);
+}
