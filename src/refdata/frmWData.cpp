@@ -4,6 +4,8 @@
 #include <cstdio>
 
 #include "core/Errors.h"
+#include "core/Vocabulary.h"
+#include "refdata/Weapons.h"
 
 namespace bw {
 
@@ -59,5 +61,41 @@ std::string zWpnTonnageText(double tons) {
 }
 
 std::string zWpnCostText(int32_t cost) { return cost == -1 ? "0" : Num(cost); }
+
+frmWData::frmWData() { PButDone.Click = [this] { Unload(); }; }
+
+void frmWData::Unload() {
+    if (!wShown) return;
+    wShown = false;
+    if (Unloaded) Unloaded();
+}
+
+bool frmWData::zGetWpnData(int32_t i) {
+    return zTrap<bool>("zGetWpnData", false, [&] {
+        if (i < 0 || static_cast<size_t>(i) >= gWeapons.size()) zRaise(kErrSubscript);
+        const WeaponRec& w = gWeapons[static_cast<size_t>(i)];
+        // Work out every text first, so a row that cannot be shown leaves the
+        // window as it was.
+        const std::string shortText = zWpnShortRangeText(w.ShortRange);
+        const std::string medText = zWpnMedRangeText(w.ShortRange, w.MedRange);
+        const std::string longText = zWpnLongRangeText(w.MedRange, w.LongRange, w.RangeUnit);
+        Caption = w.Name;
+        LName.SetCaption(w.Name);
+        LType.SetCaption(zWeaponCategoryName(w.Type));
+        LLevel.SetCaption(Num(w.Level));
+        LBase.SetCaption(zTechBaseName(w.Base));
+        LTonnage.SetCaption(zWpnTonnageText(w.Tonnage));
+        LHeat.SetCaption(zWpnNumberOrDash(w.Heat));
+        LDamage.SetCaption(zWpnDamageText(w.Damage, w.HasDamageUnit, w.DamageUnit));
+        LMin.SetCaption(zWpnNumberOrDash(w.MinRange));
+        LShort.SetCaption(shortText);
+        LMedium.SetCaption(medText);
+        LLong.SetCaption(longText);
+        LShots.SetCaption(zWpnNumberOrDash(w.Shots));
+        lCV.SetCaption(Num(w.CombatValue));
+        LCost.SetCaption(zWpnCostText(w.Cost));
+        return true;
+    });
+}
 
 }  // namespace bw

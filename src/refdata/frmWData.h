@@ -2,7 +2,10 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string>
+
+#include "core/Controls.h"
 
 namespace bw {
 
@@ -24,5 +27,45 @@ std::string zWpnDamageText(int16_t damage, int16_t hasDamageUnit, const std::str
 std::string zWpnTonnageText(double tons);
 // Cost in C-bills; -1 (no price) shows 0.
 std::string zWpnCostText(int32_t cost);
+
+// The window: opened by a double click on a row in an editor's trees, shows
+// that row, and closes on PButDone.
+class frmWData {
+public:
+    frmWData();
+    frmWData(const frmWData&) = delete;
+    frmWData& operator=(const frmWData&) = delete;
+
+    // The window's title: the row's name.
+    std::string Caption;
+    Label LName{"LName"};
+    Label LType{"LType"};
+    Label LLevel{"LLevel"};
+    Label LBase{"LBase"};
+    Label LTonnage{"LTonnage"};
+    Label LHeat{"LHeat"};
+    Label LDamage{"LDamage"};
+    Label LMin{"LMin"};
+    Label LShort{"LShort"};
+    Label LMedium{"LMedium"};
+    Label LLong{"LLong"};
+    Label LShots{"LShots"};
+    Label lCV{"lCV"};
+    Label LCost{"LCost"};
+    CommandButton PButDone{"PButDone"};
+
+    // Fills the labels from gWeapons[i]. False, after reporting, for a row
+    // outside the table (subscript error) or a band that overflows.
+    bool zGetWpnData(int32_t i);
+
+    bool Visible() const { return wShown; }
+    void Show() { wShown = true; }
+    // Closes the window; the toolkit's dialog listens through Unloaded.
+    void Unload();
+    std::function<void()> Unloaded;
+
+private:
+    bool wShown = false;
+};
 
 }  // namespace bw

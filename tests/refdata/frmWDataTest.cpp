@@ -2,7 +2,9 @@
 #include <gtest/gtest.h>
 
 #include "core/Errors.h"
+#include "refdata/Weapons.h"
 #include "refdata/frmWData.h"
+#include "support/FakeUi.h"
 
 using namespace bw;
 
@@ -92,4 +94,111 @@ TEST(WeaponDataTexts, DamageHeatShotsCostAndTonnage) {
     EXPECT_EQ(zWpnTonnageText(4.5), "4.5");
     EXPECT_EQ(zWpnTonnageText(0), "0");
     EXPECT_EQ(zWpnTonnageText(30), "30");
+}
+
+namespace {
+
+WeaponRec Rec(const char* name, int16_t type, int16_t base, double tons, int16_t heat, int16_t dmg, int16_t hasDU,
+              const char* du, int16_t minR, int16_t s, int16_t m, int16_t l, const char* unit, int16_t shots,
+              int16_t cv, int32_t cost) {
+    WeaponRec w;
+    w.Name = name;
+    w.Type = type;
+    w.Level = 2;
+    w.Base = base;
+    w.Tonnage = tons;
+    w.Heat = heat;
+    w.Damage = dmg;
+    w.HasDamageUnit = hasDU;
+    w.DamageUnit = du;
+    w.MinRange = minR;
+    w.ShortRange = s;
+    w.MedRange = m;
+    w.LongRange = l;
+    w.RangeUnit = unit;
+    w.Shots = shots;
+    w.CombatValue = cv;
+    w.Cost = cost;
+    return w;
+}
+
+struct WeaponDataWindow : ::testing::Test {
+    test::ScopedFakeUi fake;
+    std::vector<WeaponRec> saved;
+    void SetUp() override {
+        saved = gWeapons;
+        gWeapons = {
+            Rec("Medium Laser", 0, 0, 1, 3, 5, -1, "", -1, 3, 6, 9, "Hex", -1, 46, 40000),
+            Rec("LRM 20", 2, 1, 5, 6, 1, 20, "Msl", -1, 7, 14, 21, "Hex", -1, 220, 250000),
+            Rec("Arrow IV", 5, 0, 15, 10, 20, -1, "", -1, -1, -1, 8, "Map", -1, 171, 450000),
+            Rec("Cargo Space", 3, 0, 1, -1, -1, -1, "", -1, -1, -1, -1, "Hex", -1, -1, -1),
+            Rec("AC/20 Ammo", 4, 0, 1, -1, -1, -1, "", -1, -1, -1, -1, "Hex", 5, 20, 10000),
+            Rec("Broken", 0, 0, 1, 0, 1, -1, "", -1, 32767, 5, 9, "Hex", -1, 0, 0),
+        };
+    }
+    void TearDown() override { gWeapons = saved; }
+
+    static std::vector<std::string> Texts(const frmWData& f) {
+        return {f.LName.Caption(),  f.LType.Caption(),  f.LLevel.Caption(),  f.LBase.Caption(), f.LTonnage.Caption(),
+                f.LHeat.Caption(),  f.LDamage.Caption(), f.LMin.Caption(),   f.LShort.Caption(), f.LMedium.Caption(),
+                f.LLong.Caption(),  f.LShots.Caption(), f.lCV.Caption(),     f.LCost.Caption()};
+    }
+};
+
+}  // namespace
+
+TEST_F(WeaponDataWindow, ShowsEachKindOfRow) {
+    frmWData f;
+    ASSERT_TRUE(f.zGetWpnData(0));
+    EXPECT_EQ(f.Caption, "Medium Laser");
+    EXPECT_EQ(Texts(f), (std::vector<std::string>{"Medium Laser", "Energy", "2", "Inner Sphere", "1", "3", "5", "-",
+                                                  "1-3", "4-6", "7-9", "-", "46", "40000"}));
+    ASSERT_TRUE(f.zGetWpnData(1));
+    EXPECT_EQ(Texts(f), (std::vector<std::string>{"LRM 20", "Missile", "2", "Clan", "5", "6", "1/Msl", "-", "1-7",
+                                                  "8-14", "15-21", "-", "220", "250000"}));
+    ASSERT_TRUE(f.zGetWpnData(2));
+    EXPECT_EQ(Texts(f), (std::vector<std::string>{"Arrow IV", "Artillery", "2", "Inner Sphere", "15", "10", "20", "-",
+                                                  "-", "-", "8 maps", "-", "171", "450000"}));
+    ASSERT_TRUE(f.zGetWpnData(3));
+    EXPECT_EQ(Texts(f), (std::vector<std::string>{"Cargo Space", "Equipment", "2", "Inner Sphere", "1", "-", "-", "-",
+                                                  "-", "-", "-", "-", "-1", "0"}));
+    ASSERT_TRUE(f.zGetWpnData(4));
+    // The category text keeps its own spelling.
+    EXPECT_EQ(f.LType.Caption(), "Ammuntion");
+    EXPECT_EQ(f.LShots.Caption(), "5");
+    EXPECT_TRUE(fake.ui.boxes.empty());
+}
+
+TEST_F(WeaponDataWindow, BadRowsAreReportedAndLeaveTheWindowAsItWas) {
+    frmWData f;
+    ASSERT_TRUE(f.zGetWpnData(0));
+    const auto before = Texts(f);
+    for (int32_t i : {-1, 6, 100000}) {
+        fake.ui.boxes.clear();
+        EXPECT_FALSE(f.zGetWpnData(i));
+        ASSERT_EQ(fake.ui.boxes.size(), 1u);
+        EXPECT_NE(fake.ui.LastBox().text.find("zGetWpnData"), std::string::npos) << fake.ui.LastBox().text;
+        EXPECT_EQ(Texts(f), before);
+    }
+    // A short band at the 16-bit limit overflows on the next hex.
+    fake.ui.boxes.clear();
+    EXPECT_FALSE(f.zGetWpnData(5));
+    ASSERT_EQ(fake.ui.boxes.size(), 1u);
+    EXPECT_NE(fake.ui.LastBox().text.find("Overflow"), std::string::npos) << fake.ui.LastBox().text;
+    EXPECT_EQ(Texts(f), before);
+    EXPECT_EQ(f.Caption, "Medium Laser");
+}
+
+TEST_F(WeaponDataWindow, DoneClosesOnce) {
+    frmWData f;
+    int closed = 0;
+    f.Unloaded = [&] { ++closed; };
+    f.Show();
+    ASSERT_TRUE(f.zGetWpnData(0));
+    EXPECT_TRUE(f.Visible());
+    f.PButDone.DoClick();
+    EXPECT_FALSE(f.Visible());
+    EXPECT_EQ(closed, 1);
+    f.PButDone.DoClick();
+    EXPECT_EQ(closed, 1);
 }
