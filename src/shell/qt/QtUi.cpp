@@ -72,6 +72,9 @@ void QtUi::PointerWait() { QApplication::setOverrideCursor(Qt::WaitCursor); }
 void QtUi::PointerNormal() {
     while (QApplication::overrideCursor()) QApplication::restoreOverrideCursor();
 }
-void QtUi::DoEvents() { QApplication::processEvents(); }
+void QtUi::DoEvents() {
+    QApplication::processEvents();
+    if (OnDoEvents) OnDoEvents();
+}
 
 }  // namespace bw::qt

@@ -1,6 +1,8 @@
 // The window system's answers to the rules' services, with Qt.
 #pragma once
 
+#include <functional>
+
 #include "core/Ui.h"
 
 namespace bw::qt {
@@ -14,6 +16,9 @@ public:
     void PointerWait() override;
     void PointerNormal() override;
     void DoEvents() override;
+
+    // Runs after pending events are processed (the splash refreshes here).
+    std::function<void()> OnDoEvents;
 };
 
 }  // namespace bw::qt

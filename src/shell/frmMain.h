@@ -1,0 +1,95 @@
+// The main window: menus, toolbar, the progress area, the caption with the
+// open database, the cascade of new windows and the shutdown walk.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "core/Controls.h"
+#include "core/Forms.h"
+
+namespace bw {
+
+class frmMain : public IForm {
+public:
+    frmMain();
+    ~frmMain() override;
+
+    std::string FormName() const override { return "frmMain"; }
+    void RequestUnload() override;
+
+    // The window itself: its caption is the title bar, Left/Top/Height in
+    // twips place it.
+    Control Window{"frmMain"};
+    int32_t Left = 0, Top = 0, Width = 9600, Height = 1185;
+
+    // File
+    MenuItem mnuFile{"mnuFile"}, mnuFileNew{"mnuFileNew"}, mnuFileOpne{"mnuFileOpne"},
+        mnuFileOpenV2{"mnuFileOpenV2"}, mnuFileUpgDB{"mnuFileUpgDB"}, mnuFileExit{"mnuFileExit"};
+    // Vehicle
+    MenuItem mnuVhl{"mnuVhl"}, mnuVhlNew{"mnuVhlNew"}, mnuVhlOpen{"mnuVhlOpen"}, mnuVHlDel{"mnuVHlDel"},
+        mnuVhlMultiPrint{"mnuVhlMultiPrint"};
+    // Fighter
+    MenuItem mnuFighter{"mnuFighter"}, mnuFIghterNew{"mnuFIghterNew"}, mnuFighterOpen{"mnuFighterOpen"},
+        mnuFighterDel{"mnuFighterDel"}, mnuFighterMultiPrint{"mnuFighterMultiPrint"},
+        mnuFighterPrintBSpace{"mnuFighterPrintBSpace"};
+    MenuItem mnuDropship{"mnuDropship"}, mnuWarship{"mnuWarship"};
+    MenuItem mnuSettings{"mnuSettings"}, mnuSearch{"mnuSearch"};
+    MenuItem mnuAbout{"mnuAbout"}, mnuAboutBW{"mnuAboutBW"};
+    // Special (maintenance), hidden unless "parm.txt" reveals it.
+    MenuItem mnuSpecial{"mnuSpecial"}, mnuSpecialImport{"mnuSpecialImport"},
+        mnuSpecialWriteData{"mnuSpecialWriteData"}, mnuSpecialNavalWeapons{"mnuSpecialNavalWeapons"},
+        mnuSpecialNavalItems{"mnuSpecialNavalItems"}, mnuSpecialImportOld{"mnuSpecialImportOld"},
+        mnuSpecialCreateConvTable{"mnuSpecialCreateConvTable"}, mnuSpecialCreateArmor{"mnuSpecialCreateArmor"},
+        mnuSpecialCreateInternal{"mnuSpecialCreateInternal"},
+        mnuSpecialArmorArrayCreator{"mnuSpecialArmorArrayCreator"};
+
+    // A toolbar button of TBarMain: its key, tool tip, and group (a blank
+    // group starts a new cluster on the bar).
+    struct ToolButton {
+        std::string Key;
+        std::string ToolTip;
+        bool Enabled;
+    };
+    std::vector<ToolButton> TBarMain;
+
+    ProgressBar PBarMainProg{"PBarMainProg"};
+    Label LProgInfo{"LProgInfo"};
+
+    // The cascade origin for new windows (twips).
+    int32_t wStartLeft = 0, wStartTop = 0, wStartCount = 0;
+
+    // The menus in display order, each with its items (for the binding).
+    struct Menu {
+        MenuItem* menu;
+        std::vector<MenuItem*> items;  // nullptr is a separator
+    };
+    std::vector<Menu> Menus();
+
+    // The load step: title, place, blank tables, caption, cascade origin,
+    // the Special menu.
+    void Form_Load();
+    // Toolbar dispatch by key, compared exactly.
+    void TBarMain_ButtonClick(const std::string& key);
+    // The shutdown walk. Sets cancel when an editor stays unsaved.
+    void Form_Unload(bool& cancel);
+
+    // Forwarded to the open database.
+    void zOpenDatabase(const std::string& path);
+    void mnuFileOpne_Click();
+
+    // What the window system does for the commands that show windows.
+    std::function<void()> ShowSettings;  // frmSet, modal
+    std::function<void()> ShowAbout;     // frmAbout, modal
+    std::function<void()> CloseWindow;   // the main window unloads itself
+    // The last Form_Unload's answer, for the binding.
+    bool wUnloadCancelled = false;
+
+private:
+    void Unimplemented();
+    void RefreshCaption();
+};
+
+}  // namespace bw

@@ -1,0 +1,227 @@
+#include "shell/qt/MainWindow.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QDialog>
+#include <QDialogButtonBox>
+#include <QFormLayout>
+#include <QGroupBox>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QHBoxLayout>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QStatusBar>
+#include <QToolBar>
+#include <QToolButton>
+#include <QVBoxLayout>
+
+#include "core/Config.h"
+#include "core/frmSet.h"
+#include "database/DatabaseOps.h"
+#include "shell/qt/Binders.h"
+#include "shell/qt/Icons.h"
+
+namespace bw::qt {
+
+MainWindow::MainWindow(frmMain& model, QWidget* parent) : QMainWindow(parent), model_(model) {
+    setObjectName("frmMain");
+    BindWindowTitle(this, model_.Window);
+    BuildMenus();
+    BuildToolBar();
+
+    auto* central = new QWidget(this);
+    auto* layout = new QHBoxLayout(central);
+    layout->setContentsMargins(12, 6, 12, 6);
+    dbLabel_ = new QLabel(central);
+    dbLabel_->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    layout->addWidget(dbLabel_, 1);
+    setCentralWidget(central);
+    // The caption carries the open database's path; the label says the same
+    // in words, kept in step through the caption's observer.
+    model_.Window.Subscribe([this] { RefreshDatabaseLabel(); });
+    RefreshDatabaseLabel();
+
+    auto* info = new QLabel(this);
+    auto* bar = new QProgressBar(this);
+    bar->setMaximumWidth(260);
+    BindLabel(info, model_.LProgInfo);
+    BindProgress(bar, model_.PBarMainProg);
+    statusBar()->addWidget(info, 1);
+    statusBar()->addPermanentWidget(bar);
+
+    model_.ShowSettings = [this] { ShowSettings(); };
+    model_.ShowAbout = [this] { ShowAbout(); };
+    model_.CloseWindow = [this] { close(); };
+    resize(760, 150);
+}
+
+void MainWindow::BuildMenus() {
+    for (auto& m : model_.Menus()) {
+        if (m.items.empty()) {
+            // A top-level command (Preferences, Search) or an empty menu
+            // (Dropship, Warship): an empty menu stays a menu with no items.
+            if (m.menu == &model_.mnuDropship || m.menu == &model_.mnuWarship) {
+                QMenu* menu = menuBar()->addMenu(QString());
+                BindMenuItem(menu->menuAction(), *m.menu);
+                actions_.push_back({m.menu, menu->menuAction()});
+            } else {
+                QAction* a = menuBar()->addAction(QString());
+                BindMenuItem(a, *m.menu);
+                actions_.push_back({m.menu, a});
+            }
+            continue;
+        }
+        QMenu* menu = menuBar()->addMenu(QString());
+        BindMenuItem(menu->menuAction(), *m.menu);
+        actions_.push_back({m.menu, menu->menuAction()});
+        for (MenuItem* item : m.items) {
+            if (!item) {
+                menu->addSeparator();
+                continue;
+            }
+            QAction* a = menu->addAction(QString());
+            BindMenuItem(a, *item);
+            actions_.push_back({item, a});
+        }
+    }
+    if (QAction* exit = ActionFor(model_.mnuFileExit)) exit->setShortcut(QKeySequence::Quit);
+    if (QAction* open = ActionFor(model_.mnuFileOpne)) open->setShortcut(QKeySequence::Open);
+    if (QAction* nw = ActionFor(model_.mnuFileNew)) nw->setShortcut(QKeySequence::New);
+}
+
+void MainWindow::BuildToolBar() {
+    auto* tb = addToolBar("TBarMain");
+    tb->setObjectName("TBarMain");
+    tb->setMovable(false);
+    tb->setIconSize(QSize(28, 28));
+    tb->setToolButtonStyle(Qt::ToolButtonIconOnly);
+    QString lastKind;
+    for (const auto& b : model_.TBarMain) {
+        const QString key = QString::fromStdString(b.Key);
+        QString kind = key.contains("VHL") ? "vehicle" : key.contains("Ftr") ? "fighter" : key.contains("DS") ? "dropship" : "warship";
+        QString action = key.contains("New") ? "new" : key.contains("Open") ? "open" : "delete";
+        if (!lastKind.isEmpty() && kind != lastKind) tb->addSeparator();
+        lastKind = kind;
+        QAction* a = tb->addAction(DesignIcon(kind, action), QString::fromStdString(b.ToolTip));
+        a->setToolTip(QString::fromStdString(b.ToolTip));
+        a->setEnabled(b.Enabled);
+        a->setObjectName(key);
+        connect(a, &QAction::triggered, this, [this, key] { model_.TBarMain_ButtonClick(key.toStdString()); });
+        toolActions_.push_back({key, a});
+    }
+}
+
+QAction* MainWindow::ActionFor(const MenuItem& item) const {
+    for (const auto& [m, a] : actions_)
+        if (m == &item) return a;
+    return nullptr;
+}
+
+QAction* MainWindow::ToolAction(const QString& key) const {
+    for (const auto& [k, a] : toolActions_)
+        if (k == key) return a;
+    return nullptr;
+}
+
+void MainWindow::RefreshDatabaseLabel() {
+    if (gDatabasePath.empty())
+        dbLabel_->setText(tr("No database open. Use File > New Database or File > Open Database."));
+    else
+        dbLabel_->setText(tr("Database: %1").arg(FromModel(gDatabasePath)));
+}
+
+void MainWindow::closeEvent(QCloseEvent* e) {
+    bool cancel = false;
+    model_.Form_Unload(cancel);
+    if (cancel) e->ignore();
+    else e->accept();
+}
+
+void MainWindow::ShowSettings() {
+    frmSet form;
+    form.Form_Load();
+    QDialog dlg(this);
+    dlg.setObjectName("frmSet");
+    dlg.setWindowTitle(tr("Preferences"));
+    auto* outer = new QVBoxLayout(&dlg);
+
+    auto* general = new QGroupBox(tr("General"), &dlg);
+    auto* gl = new QVBoxLayout(general);
+    auto* openLast = new QCheckBox(tr("Open the last database at start-up"), general);
+    auto* gift = new QCheckBox(tr("Suppress the 'Gift' message"), general);
+    auto* aero = new QCheckBox(tr("Use the printer-friendly fighter header"), general);
+    auto* expand = new QCheckBox(tr("Always expand \"selected\" equipment"), general);
+    openLast->setObjectName("CBoxOpenLast");
+    gift->setObjectName("CBoxSuppressGift");
+    aero->setObjectName("CBoxUseAltAeroHeader");
+    expand->setObjectName("CBoxExpandSel");
+    openLast->setChecked(form.CBoxOpenLast == 1);
+    gift->setChecked(form.CBoxSuppressGift == 1);
+    aero->setChecked(form.CBoxUseAltAeroHeader == 1);
+    expand->setChecked(form.CBoxExpandSel == 1);
+    for (auto* c : {openLast, gift, aero, expand}) gl->addWidget(c);
+    outer->addWidget(general);
+
+    auto combo = [&](frmSet::Combo& model, const char* name, QWidget* parent) {
+        auto* c = new QComboBox(parent);
+        c->setObjectName(name);
+        for (const auto& s : model.List) c->addItem(FromModel(s));
+        c->setCurrentIndex(model.ListIndex);
+        return c;
+    };
+    auto* defaults = new QGroupBox(tr("Defaults for new designs"), &dlg);
+    auto* form2 = new QFormLayout(defaults);
+    auto* vType = combo(form.cmboDefVHL, "cmboDefVHL", defaults);
+    auto* vBase = combo(form.cmboDefVHLBase, "cmboDefVHLBase", defaults);
+    auto* vLevel = combo(form.cmboDefVHLLevel, "cmboDefVHLLevel", defaults);
+    auto* fType = combo(form.cmboDefFTR, "cmboDefFTR", defaults);
+    auto* fBase = combo(form.cmboDefFTRBase, "cmboDefFTRBase", defaults);
+    auto* fLevel = combo(form.cmboDefFTRLevel, "cmboDefFTRLevel", defaults);
+    auto row = [](QWidget* a, QWidget* b, QWidget* c) {
+        auto* w = new QWidget;
+        auto* h = new QHBoxLayout(w);
+        h->setContentsMargins(0, 0, 0, 0);
+        h->addWidget(a, 2);
+        h->addWidget(b, 2);
+        h->addWidget(c, 1);
+        return w;
+    };
+    form2->addRow(tr("Vehicle type, base, level:"), row(vType, vBase, vLevel));
+    form2->addRow(tr("Fighter type, base, level:"), row(fType, fBase, fLevel));
+    outer->addWidget(defaults);
+
+    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, &dlg);
+    connect(buttons, &QDialogButtonBox::accepted, &dlg, &QDialog::accept);
+    connect(buttons, &QDialogButtonBox::rejected, &dlg, &QDialog::reject);
+    outer->addWidget(buttons);
+
+    if (dlg.exec() == QDialog::Accepted) {
+        form.CBoxOpenLast = openLast->isChecked() ? 1 : 0;
+        form.CBoxSuppressGift = gift->isChecked() ? 1 : 0;
+        form.CBoxUseAltAeroHeader = aero->isChecked() ? 1 : 0;
+        form.CBoxExpandSel = expand->isChecked() ? 1 : 0;
+        form.cmboDefVHL.ListIndex = static_cast<int16_t>(vType->currentIndex());
+        form.cmboDefVHLBase.ListIndex = static_cast<int16_t>(vBase->currentIndex());
+        form.cmboDefVHLLevel.ListIndex = static_cast<int16_t>(vLevel->currentIndex());
+        form.cmboDefFTR.ListIndex = static_cast<int16_t>(fType->currentIndex());
+        form.cmboDefFTRBase.ListIndex = static_cast<int16_t>(fBase->currentIndex());
+        form.cmboDefFTRLevel.ListIndex = static_cast<int16_t>(fLevel->currentIndex());
+        form.PButOK_Click();
+    } else {
+        form.PButCancel_Click();
+    }
+}
+
+void MainWindow::ShowAbout() {
+    QMessageBox::about(this, tr("About The Brasswick Works"),
+                       QString("<h3>The Brasswick Works %1.%2.%3</h3><p>%4</p><p>%5</p><p>%6</p>")
+                           .arg(kVersionMajor)
+                           .arg(kVersionMinor)
+                           .arg(kVersionRevision)
+                           .arg(kCompanyName)
+                           .arg("BattleTech is a registered Trademark of the FASA corporation")
+                           .arg(kMakerNotice));
+}
+
+}  // namespace bw::qt

@@ -1,0 +1,146 @@
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "core/Forms.h"
+#include "core/Settings.h"
+#include "database/DatabaseOps.h"
+#include "shell/frmMain.h"
+#include "support/AppFolder.h"
+#include "support/FakeUi.h"
+
+using namespace bw;
+
+namespace {
+
+// An editor that asks about unsaved work: it stays when its answer is to
+// refuse, otherwise it unloads.
+class FakeEditor : public IForm {
+public:
+    FakeEditor(std::string name, bool saved, bool refuses, std::vector<std::string>* log)
+        : name_(std::move(name)), saved_(saved), refuses_(refuses), log_(log) {
+        RegisterForm(this);
+    }
+    ~FakeEditor() override { UnregisterForm(this); }
+    std::string FormName() const override { return name_; }
+    bool IsSaved() const override { return saved_; }
+    void RequestUnload() override {
+        log_->push_back("asked " + name_ + (refuses_ ? " (stays)" : ""));
+        if (!refuses_) UnregisterForm(this);
+    }
+
+private:
+    std::string name_;
+    bool saved_, refuses_;
+    std::vector<std::string>* log_;
+};
+
+struct MainFixture : ::testing::Test {
+    test::AppFolder app;
+    test::ScopedFakeUi fake;
+    int16_t savedOpenLast = gOpenLast;
+    ~MainFixture() override {
+        gOpenLast = savedOpenLast;
+        zResetDatabase();
+    }
+};
+
+}  // namespace
+
+TEST_F(MainFixture, LoadSetsTitleCaptionAndHidesTheSpecialMenu) {
+    frmMain m;
+    m.Form_Load();
+    EXPECT_EQ(m.Window.Caption(), "The Brasswick Works 3.0 - ");
+    EXPECT_FALSE(m.mnuSpecial.Visible());
+    EXPECT_EQ(m.Top, 500);
+    EXPECT_EQ(m.wStartLeft, 1000);
+    EXPECT_EQ(m.wStartTop, 500 + 1185 + 120);
+    EXPECT_EQ(m.wStartCount, 0);
+}
+
+TEST_F(MainFixture, ParmFileRevealsTheSpecialMenuOnlyOnAnExactLine) {
+    app.dir.Write("parm.txt", "Special Menu \r\n");
+    {
+        frmMain m;
+        m.Form_Load();
+        EXPECT_FALSE(m.mnuSpecial.Visible());
+    }
+    app.dir.Write("parm.txt", "ignore version\r\nspecial menu\r\n");
+    frmMain m;
+    m.Form_Load();
+    EXPECT_TRUE(m.mnuSpecial.Visible());
+    EXPECT_TRUE(m.mnuSpecial.Enabled());
+}
+
+TEST_F(MainFixture, MenuCaptionsAreTheProgramsOwn) {
+    frmMain m;
+    EXPECT_EQ(m.mnuFileOpne.Caption(), "&Open Database");
+    EXPECT_EQ(m.mnuFileUpgDB.Caption(), "&Upgrade Existing v3 Database");
+    EXPECT_EQ(m.mnuSettings.Caption(), "&Preferences");
+    EXPECT_EQ(m.mnuFighterPrintBSpace.Caption(), "Print Battlespace Sheet");
+    EXPECT_EQ(m.mnuSpecialArmorArrayCreator.Caption(), "Display Armor Array Creator");
+    // Commands of later work are disabled, not faked.
+    EXPECT_FALSE(m.mnuVhlNew.Enabled());
+    EXPECT_FALSE(m.mnuSearch.Enabled());
+    // The Dropship and Warship menus hold no items.
+    for (auto& menu : m.Menus())
+        if (menu.menu == &m.mnuDropship || menu.menu == &m.mnuWarship) EXPECT_TRUE(menu.items.empty());
+}
+
+TEST_F(MainFixture, DropShipAndWarShipButtonsShowTheNotice) {
+    frmMain m;
+    for (const char* key : {"butNewDS", "butOpenDS", "butDelDS", "butNewWar", "butOpenWar", "butDelWar"}) {
+        fake.ui.boxes.clear();
+        m.TBarMain_ButtonClick(key);
+        ASSERT_EQ(fake.ui.boxes.size(), 1u) << key;
+        EXPECT_EQ(fake.ui.LastBox().title, "Not Implemented");
+        EXPECT_EQ(fake.ui.LastBox().text, "This feature is not yet implemented.");
+    }
+    fake.ui.boxes.clear();
+    m.TBarMain_ButtonClick("butnewds");  // keys compare exactly
+    m.TBarMain_ButtonClick("butVHLNew");  // disabled until the editor arrives
+    EXPECT_TRUE(fake.ui.boxes.empty());
+}
+
+TEST_F(MainFixture, ShutdownAsksEveryEditorAndRefusesWhileOneStaysUnsaved) {
+    std::vector<std::string> log;
+    frmMain m;
+    FakeEditor first("frmVhl", false, true, &log);    // unsaved, answers to stay
+    FakeEditor second("frmFtr", false, false, &log);  // unsaved, lets go
+    gOpenLast = 0;
+    bool cancel = false;
+    m.Form_Unload(cancel);
+    EXPECT_TRUE(cancel);
+    // From the last loaded to the first: the second editor is asked first,
+    // and the first is still asked after the second went.
+    EXPECT_EQ(log, (std::vector<std::string>{"asked frmFtr", "asked frmVhl (stays)"}));
+}
+
+TEST_F(MainFixture, SavedEditorsAndOtherWindowsDoNotRefuse) {
+    std::vector<std::string> log;
+    frmMain m;
+    FakeEditor saved("frmVhl", true, true, &log);
+    FakeEditor search("frmSrch", false, false, &log);
+    bool cancel = true;
+    m.Form_Unload(cancel);
+    EXPECT_FALSE(cancel);
+    EXPECT_EQ(log.size(), 2u);
+}
+
+TEST_F(MainFixture, LastDatabaseIsStoredWhenAskedEvenIfRefused) {
+    std::vector<std::string> log;
+    frmMain m;
+    FakeEditor stubborn("frmVhl", false, true, &log);
+    gDatabasePath = "/data/my designs.bwd";
+    gOpenLast = 1;
+    bool cancel = false;
+    m.Form_Unload(cancel);
+    EXPECT_TRUE(cancel);
+    EXPECT_EQ(fake.settings.Get("General", "LastDB", "<none>"), "/data/my designs.bwd");
+
+    gOpenLast = 0;
+    gDatabasePath = "/elsewhere.bwd";
+    m.Form_Unload(cancel);
+    EXPECT_EQ(fake.settings.Get("General", "LastDB", "<none>"), "/data/my designs.bwd");
+}
