@@ -86,6 +86,8 @@ void QtStartupHost::ShowSplash(frmSplsh& splash) {
     if (QScreen* s = QGuiApplication::primaryScreen()) splash_->move(s->availableGeometry().center() - splash_->rect().center());
     splash_->show();
     QApplication::processEvents();
+    // For documentation and checks: a picture of the splash.
+    if (qEnvironmentVariableIsSet("BW_SPLASH_SCREENSHOT")) splash_->grab().save(qEnvironmentVariable("BW_SPLASH_SCREENSHOT"));
 }
 
 void QtStartupHost::LoadPictures() {
