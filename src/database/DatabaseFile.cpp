@@ -1,0 +1,353 @@
+#include "database/DatabaseFile.h"
+
+#include "core/BinaryIO.h"
+#include "core/Errors.h"
+#include "database/RecordFields.h"
+#include "fighter/Fighter.h"
+#include "vehicle/Vehicle.h"
+
+namespace bw {
+
+void zWriteDatabaseHeader(BinaryWriter& w) {
+    w.FixedPadded(kDbCertification, kDbCertificationLen);
+    w.I16(kDbVersion);
+}
+
+void zWriteDesignName(BinaryWriter& w, const std::string& name) { w.FixedPadded(name, kDesignNameLen); }
+
+std::string zReadDesignName(BinaryReader& r) { return r.FixedTrimmed(kDesignNameLen); }
+
+int16_t zReadItemCount(BinaryReader& r, size_t itemBytes) {
+    const size_t at = r.Pos();
+    const int16_t n = r.I16();
+    // Left at the count field, so that a report names where the damage is.
+    if (n < -1) {
+        r.Seek(at);
+        zRaise(kErrSubscript);
+    }
+    if (n >= 0 && (static_cast<size_t>(n) + 1) * itemBytes > r.Remaining()) {
+        r.Seek(at);
+        zRaise(kErrInputPastEnd);
+    }
+    return n;
+}
+
+// ---------------------------------------------------------------------------
+// Vehicles
+
+namespace {
+
+struct FieldWriter {
+    BinaryWriter& w;
+    void operator()(const char*, int16_t v) const { w.I16(v); }
+    void operator()(const char*, double v) const { w.F64(v); }
+};
+
+struct FieldReader {
+    BinaryReader& r;
+    void operator()(const char*, int16_t& v) const { v = r.I16(); }
+    void operator()(const char*, double& v) const { v = r.F64(); }
+};
+
+// The count field of a list: its highest index when element 0 is in use,
+// otherwise -1 and no element follows (a list with a hole at 0 is empty).
+template <class List, class Status>
+int16_t CountField(const List& list, Status status) {
+    if (list.empty() || status(list.front()) != kTrue) return -1;
+    return zI16(static_cast<int64_t>(list.size()) - 1);
+}
+
+void ReadVehicleItems(BinaryReader& r, std::vector<VehicleItem>& items) {
+    const int16_t n = zReadItemCount(r, kVehicleItemBytes);
+    items.assign(n < 0 ? 1 : static_cast<size_t>(n) + 1, VehicleItem{});
+    if (n < 0) return;
+    for (auto& it : items) {
+        it.wType = r.I16();
+        it.wNum = r.I16();
+        it.wLoc = r.I16();
+        it.wStatus = r.I16();
+    }
+}
+
+}  // namespace
+
+void zWriteVehicleRecord(BinaryWriter& w, const Vehicle& v) {
+    zWriteDesignName(w, v.Name);
+    zVisitVehicleFields(v, FieldWriter{w});
+    const int16_t n = CountField(v.Items, [](const VehicleItem& it) { return it.wStatus; });
+    w.I16(n);
+    for (int i = 0; i <= n; ++i) {
+        const VehicleItem& it = v.Items[static_cast<size_t>(i)];
+        w.I16(it.wType);
+        w.I16(it.wNum);
+        w.I16(it.wLoc);
+        w.I16(it.wStatus);
+    }
+}
+
+void zReadVehicleRecord(BinaryReader& r, Vehicle& v) {
+    v.Name = zReadDesignName(r);
+    zVisitVehicleFields(v, FieldReader{r});
+    // Not in the file: the computer's location comes back as 0.
+    v.TCLocation = 0;
+    ReadVehicleItems(r, v.Items);
+}
+
+// ---------------------------------------------------------------------------
+// Fighters
+
+namespace {
+
+void WriteWeapon(BinaryWriter& w, const FighterWeapon& e) {
+    w.I16(e.wIdx);
+    w.I16(e.wNum);
+    w.I16(e.wBase);
+    w.I16(e.wActive);
+    w.I16(e.wSlot);
+    w.I16(e.wLoc);
+}
+
+void WriteWeaponList(BinaryWriter& w, const std::vector<FighterWeapon>& list) {
+    const int16_t n = CountField(list, [](const FighterWeapon& e) { return e.wActive; });
+    w.I16(n);
+    for (int i = 0; i <= n; ++i) WriteWeapon(w, list[static_cast<size_t>(i)]);
+}
+
+void ReadWeaponList(BinaryReader& r, std::vector<FighterWeapon>& list) {
+    const int16_t n = zReadItemCount(r, kFighterWeaponBytes);
+    list.assign(n < 0 ? 1 : static_cast<size_t>(n) + 1, FighterWeapon{});
+    if (n < 0) return;
+    for (auto& e : list) {
+        e.wIdx = r.I16();
+        e.wNum = r.I16();
+        e.wBase = r.I16();
+        e.wActive = r.I16();
+        e.wSlot = r.I16();
+        e.wLoc = r.I16();
+    }
+}
+
+// The live list without holes: active entries in order, or one empty entry.
+std::vector<FighterWeapon> Compacted(const std::vector<FighterWeapon>& list) {
+    std::vector<FighterWeapon> out;
+    for (const auto& e : list)
+        if (e.wActive == kTrue) out.push_back(e);
+    if (out.empty()) out.resize(1);
+    return out;
+}
+
+template <class T>
+void WriteArray16(BinaryWriter& w, const std::array<T, kOmniConfigs>& a) {
+    for (T v : a) w.I16(v);
+}
+void WriteArrayF(BinaryWriter& w, const std::array<double, kOmniConfigs>& a) {
+    for (double v : a) w.F64(v);
+}
+void ReadArray16(BinaryReader& r, std::array<int16_t, kOmniConfigs>& a) {
+    for (auto& v : a) v = r.I16();
+}
+void ReadArrayF(BinaryReader& r, std::array<double, kOmniConfigs>& a) {
+    for (auto& v : a) v = r.F64();
+}
+
+constexpr int16_t kOmniFighter = 2;
+
+}  // namespace
+
+void zWriteFighterRecord(BinaryWriter& w, const Fighter& f) {
+    zWriteDesignName(w, f.Name);
+    zVisitFighterHead(f, FieldWriter{w});
+    if (f.FighterType != kOmniFighter) {
+        zVisitFighterPlainTail(f, FieldWriter{w});
+        // No hole is stored.
+        WriteWeaponList(w, Compacted(f.Weapons));
+        return;
+    }
+    w.I16(f.OmniBaseLocked);
+    WriteArray16(w, f.OmniHasTC);
+    WriteArrayF(w, f.OmniTCTonnage);
+    WriteArray16(w, f.OmniTCLocation);
+    WriteArray16(w, f.OmniWeaponHeat);
+    WriteArrayF(w, f.OmniWeaponTonnage);
+    WriteArrayF(w, f.OmniTotalTonnage);
+    WriteArrayF(w, f.OmniFreeTonnage);
+    for (const auto& list : f.OmniWeapons) WriteWeaponList(w, list);
+    WriteArray16(w, f.OmniConfigUsed);
+    WriteArray16(w, f.OmniFuelTonnage);
+    WriteArray16(w, f.OmniHeatSinks);
+    WriteArray16(w, f.OmniHeatSinkTonnage);
+}
+
+void zReadFighterRecord(BinaryReader& r, Fighter& f) {
+    f.Name = zReadDesignName(r);
+    zVisitFighterHead(f, FieldReader{r});
+    if (f.FighterType != kOmniFighter) {
+        zVisitFighterPlainTail(f, FieldReader{r});
+        ReadWeaponList(r, f.Weapons);
+        return;
+    }
+    f.OmniBaseLocked = r.I16();
+    ReadArray16(r, f.OmniHasTC);
+    ReadArrayF(r, f.OmniTCTonnage);
+    ReadArray16(r, f.OmniTCLocation);
+    ReadArray16(r, f.OmniWeaponHeat);
+    ReadArrayF(r, f.OmniWeaponTonnage);
+    ReadArrayF(r, f.OmniTotalTonnage);
+    ReadArrayF(r, f.OmniFreeTonnage);
+    for (auto& list : f.OmniWeapons) ReadWeaponList(r, list);
+    ReadArray16(r, f.OmniConfigUsed);
+    ReadArray16(r, f.OmniFuelTonnage);
+    ReadArray16(r, f.OmniHeatSinks);
+    ReadArray16(r, f.OmniHeatSinkTonnage);
+    // The live fields show configuration 0; the live list is "Primary" once
+    // the base is locked, the base itself before. The current configuration
+    // is never stored and stays 0.
+    f.HeatSinks = f.OmniHeatSinks[0];
+    f.HeatSinkTonnage = f.OmniHeatSinkTonnage[0];
+    f.FuelTonnage = f.OmniFuelTonnage[0];
+    f.HasTC = f.OmniHasTC[0];
+    f.TCTonnage = f.OmniTCTonnage[0];
+    f.TCLocation = f.OmniTCLocation[0];
+    f.WeaponHeat = f.OmniWeaponHeat[0];
+    f.WeaponTonnage = f.OmniWeaponTonnage[0];
+    f.Weapons = f.OmniWeapons[f.OmniBaseLocked == kTrue ? 1 : 0];
+    f.OmniCurrentConfig = 0;
+}
+
+// ---------------------------------------------------------------------------
+// Reporting wrappers and the tables
+
+namespace {
+
+// Both readers report under this name.
+constexpr const char* kLoadProc = "Vehicle.LoadData";
+
+template <class F>
+int32_t LoadReported(F&& body) {
+    try {
+        body();
+        return 0;
+    } catch (const RunError& e) {
+        zReportError(kLoadProc, e);
+        return e.Number();
+    } catch (const std::bad_alloc&) {
+        zReportError(kLoadProc, RunError(kErrOutOfMemory));
+        return kErrOutOfMemory;
+    }
+}
+
+template <class T, class Load>
+bool ReadTable(BinaryReader& r, std::vector<std::shared_ptr<T>>& table, Load load) {
+    const int16_t n = r.I16();
+    if (n < -1) zRaise(kErrSubscript);
+    table.clear();
+    if (n == -1) {
+        table.push_back(std::make_shared<T>());
+        return true;
+    }
+    // Grown as read rather than sized from the count, so that a hostile
+    // count costs nothing before the records are really there.
+    for (int i = 0; i <= n; ++i) {
+        auto obj = std::make_shared<T>();
+        const int32_t err = load(r, *obj);
+        table.push_back(std::move(obj));
+        if (err == kErrInputPastEnd) return false;
+    }
+    return true;
+}
+
+}  // namespace
+
+bool Vehicle::SaveData(BinaryWriter& wFile) const {
+    return zTrap("Vehicle.SaveData", false, [&] {
+        zWriteVehicleRecord(wFile, *this);
+        return true;
+    });
+}
+
+bool Vehicle::LoadData(BinaryReader& wFile) { return zLoadVehicleReported(wFile, *this) == 0; }
+
+bool Fighter::SaveData(BinaryWriter& wFile) const {
+    return zTrap("Fighter.SaveData", false, [&] {
+        zWriteFighterRecord(wFile, *this);
+        return true;
+    });
+}
+
+bool Fighter::LoadData(BinaryReader& wFile) { return zLoadFighterReported(wFile, *this) == 0; }
+
+int32_t zLoadVehicleReported(BinaryReader& r, Vehicle& v) {
+    return LoadReported([&] { zReadVehicleRecord(r, v); });
+}
+
+int32_t zLoadFighterReported(BinaryReader& r, Fighter& f) {
+    return LoadReported([&] { zReadFighterRecord(r, f); });
+}
+
+bool zReadDesignTables(BinaryReader& r, std::vector<std::shared_ptr<Vehicle>>& vehicles,
+                       std::vector<std::shared_ptr<Fighter>>& fighters) {
+    if (!ReadTable(r, vehicles, zLoadVehicleReported)) return false;
+    return ReadTable(r, fighters, zLoadFighterReported);
+}
+
+// ---------------------------------------------------------------------------
+// The strict check
+
+DatabaseCheck zCheckDatabaseBytes(const std::string& bytes) {
+    DatabaseCheck out;
+    BinaryReader r(bytes);
+    std::string where = "header";
+    size_t start = 0;
+    auto fail = [&](const std::string& what) {
+        out.ok = false;
+        out.message = what + " at byte offset " + std::to_string(start) + " (" + where + ")";
+        return out;
+    };
+    try {
+        if (bytes.size() < kDbCertificationLen || r.FixedTrimmed(kDbCertificationLen) != kDbCertification)
+            return fail("not certified as \"" + std::string(kDbCertification) + "\"");
+        start = r.Pos();
+        const int16_t version = r.I16();
+        if (version != kDbVersion)
+            return fail("version " + std::to_string(version) + ", expected " + std::to_string(kDbVersion));
+        for (int table = 0; table < 2; ++table) {
+            const char* kind = table == 0 ? "vehicle" : "fighter";
+            start = r.Pos();
+            where = std::string(kind) + " count field";
+            const int16_t n = r.I16();
+            if (n < -1) return fail("count field " + std::to_string(n) + " below -1");
+            for (int i = 0; i <= n; ++i) {
+                start = r.Pos();
+                where = std::string(kind) + " " + std::to_string(i);
+                if (table == 0) {
+                    Vehicle v;
+                    zReadVehicleRecord(r, v);
+                    ++out.vehicles;
+                } else {
+                    Fighter f;
+                    zReadFighterRecord(r, f);
+                    ++out.fighters;
+                }
+            }
+        }
+    } catch (const RunError& e) {
+        // The offset where the failing read began.
+        std::string what = e.Number() == kErrInputPastEnd ? "truncated: read past the end of the file"
+                           : e.Number() == kErrSubscript   ? "item count field below -1"
+                                                           : e.Description();
+        out.ok = false;
+        out.message = what + " at byte offset " + std::to_string(r.Pos()) + " (" + where + ", which begins at " +
+                      std::to_string(start) + ")";
+        return out;
+    }
+    if (!r.AtEnd()) {
+        start = r.Pos();
+        where = "after the last fighter";
+        return fail(std::to_string(r.Remaining()) + " stray bytes");
+    }
+    out.ok = true;
+    out.message = "ok: " + std::to_string(out.vehicles) + " vehicles, " + std::to_string(out.fighters) + " fighters";
+    return out;
+}
+
+}  // namespace bw

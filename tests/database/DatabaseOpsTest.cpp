@@ -1,0 +1,506 @@
+// Opening, saving, adding, replacing and deleting designs with the scripted
+// window system: exact messages, titles and icons, and the bytes on disk.
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include "core/BinaryIO.h"
+#include "core/Errors.h"
+#include "core/Globals.h"
+#include "database/DatabaseFile.h"
+#include "database/DatabaseOps.h"
+#include "database/DbBytes.h"
+#include "support/FakeUi.h"
+#include "support/TempDir.h"
+
+namespace bw {
+namespace {
+
+using test::Bytes;
+
+const char* const kCertifyText =
+    "The Brasswick Works was unable to certify this database. This is either not a Brasswick Works v3 database, or "
+    "it is corrupt.";
+
+class DatabaseOps : public ::testing::Test {
+protected:
+    test::ScopedFakeUi fake;
+    test::TempDir dir;
+    std::vector<std::string> captions;
+    std::vector<std::pair<std::string, std::string>> pickerShown;
+    int16_t pickAnswer = -1;
+
+    void SetUp() override {
+        SetAppPath(dir.Path());
+        gLogFile = dir.File("log.txt");
+        zResetDatabase();
+        gSetMainCaption = [this](const std::string& c) { captions.push_back(c); };
+        gPickDesign = [this](DesignKind, const std::string& caption, const std::string& action) {
+            pickerShown.emplace_back(caption, action);
+            return pickAnswer;
+        };
+    }
+    void TearDown() override {
+        gSetMainCaption = nullptr;
+        gPickDesign = nullptr;
+        zResetDatabase();
+        SetAppPath(".");
+    }
+
+    static std::shared_ptr<Vehicle> MakeVehicle(const std::string& name, int16_t base = 0, int16_t type = 0) {
+        auto v = std::make_shared<Vehicle>();
+        v->Name = name;
+        v->TechBase = base;
+        v->VhlType = type;
+        v->Tonnage = 40;
+        return v;
+    }
+    static std::shared_ptr<Fighter> MakeFighter(const std::string& name, int16_t base = 0, int16_t type = 0) {
+        auto f = std::make_shared<Fighter>();
+        f->Name = name;
+        f->TechBase = base;
+        f->FighterType = type;
+        return f;
+    }
+    // A database opened at path, written fresh.
+    std::string NewDatabase(const std::string& name = "designs.bwd") {
+        const std::string path = dir.File(name);
+        dir.Write(name, Bytes().Header().I16(-1).I16(-1).str());
+        zOpenDatabase(path);
+        EXPECT_EQ(gDatabasePath, path);
+        return path;
+    }
+    int16_t CountAt(const std::string& bytes, size_t at) {
+        BinaryReader r(bytes);
+        r.Seek(at);
+        return r.I16();
+    }
+    std::string Saved(const Vehicle& v) {
+        BinaryWriter w;
+        v.SaveData(w);
+        return w.Data();
+    }
+};
+
+TEST_F(DatabaseOps, AnEmptyDatabaseIs36Bytes) {
+    const std::string path = NewDatabase();
+    zSaveDatabase();
+    EXPECT_EQ(dir.Read("designs.bwd"), Bytes().Header().I16(-1).I16(-1).str());
+    EXPECT_EQ(dir.Read("designs.bwd").size(), 36u);
+    EXPECT_TRUE(fake.ui.boxes.empty());
+    EXPECT_FALSE(std::filesystem::exists(dir.File("tempdb.bwd")));
+    ASSERT_FALSE(captions.empty());
+    EXPECT_EQ(captions.back(), "The Brasswick Works 3.0 - " + path);
+}
+
+TEST_F(DatabaseOps, TheFirstDesignTakesIndexZeroAndLaterOnesAppend) {
+    NewDatabase();
+    bool ok = false;
+    auto a = MakeVehicle("Alpha");
+    zSaveVehicle(a, ok);
+    EXPECT_TRUE(ok);
+    ASSERT_EQ(gVehicles.size(), 1u);
+    EXPECT_EQ(gVehicles[0], a);  // the very object, not a copy
+    std::string bytes = dir.Read("designs.bwd");
+    EXPECT_EQ(CountAt(bytes, 32), 0);
+    EXPECT_EQ(bytes, Bytes().Header().I16(0).Raw(Saved(*a)).I16(-1).str());
+
+    auto b = MakeVehicle("Bravo");
+    zSaveVehicle(b, ok);
+    ASSERT_EQ(gVehicles.size(), 2u);
+    EXPECT_EQ(gVehicles[1], b);
+    bytes = dir.Read("designs.bwd");
+    EXPECT_EQ(bytes, Bytes().Header().I16(1).Raw(Saved(*a)).Raw(Saved(*b)).I16(-1).str());
+    EXPECT_TRUE(fake.ui.boxes.empty());
+
+    // Reopened, the file gives the same two designs.
+    zOpenDatabase(gDatabasePath);
+    ASSERT_EQ(gVehicles.size(), 2u);
+    EXPECT_EQ(gVehicles[1]->Name, "Bravo");
+    EXPECT_EQ(gFighters.size(), 1u);
+    EXPECT_TRUE(gFighters[0]->Name.empty());
+}
+
+TEST_F(DatabaseOps, TheSameNameWithAnotherBaseOrTypeIsASecondDesign) {
+    NewDatabase();
+    bool ok = false;
+    zSaveVehicle(MakeVehicle("Hunter", 0, 0), ok);
+    zSaveVehicle(MakeVehicle("Hunter", 1, 0), ok);
+    zSaveVehicle(MakeVehicle("Hunter", 0, 2), ok);
+    zSaveVehicle(MakeVehicle("hunter", 0, 0), ok);  // case counts
+    EXPECT_TRUE(fake.ui.boxes.empty());
+    EXPECT_EQ(gVehicles.size(), 4u);
+    EXPECT_EQ(CountAt(dir.Read("designs.bwd"), 32), 3);
+}
+
+TEST_F(DatabaseOps, OverwritingAsksWithTheTypeWordAndBase) {
+    NewDatabase();
+    bool ok = false;
+    zSaveVehicle(MakeVehicle("Hunter", 1, 3), ok);
+    const std::string before = dir.Read("designs.bwd");
+
+    auto again = MakeVehicle("Hunter", 1, 3);
+    again->Tonnage = 30;
+    fake.ui.answers = {MsgResult::No};
+    zSaveVehicle(again, ok);
+    EXPECT_FALSE(ok);
+    ASSERT_EQ(fake.ui.boxes.size(), 1u);
+    EXPECT_EQ(fake.ui.boxes[0].text,
+              "There is already  a Clan V.T.O.L. named Hunter in this database, would you like to overwrite it?");
+    EXPECT_EQ(fake.ui.boxes[0].title, "Overwrite?");
+    EXPECT_EQ(fake.ui.boxes[0].buttons, MsgButtons::YesNo);
+    EXPECT_EQ(fake.ui.boxes[0].icon, MsgIcon::Question);
+    EXPECT_EQ(dir.Read("designs.bwd"), before);
+    EXPECT_EQ(gVehicles[0]->Tonnage, 40);
+
+    fake.ui.answers = {MsgResult::Yes};
+    zSaveVehicle(again, ok);
+    EXPECT_TRUE(ok);
+    EXPECT_EQ(gVehicles.size(), 1u);
+    EXPECT_EQ(gVehicles[0], again);
+    EXPECT_EQ(dir.Read("designs.bwd"), Bytes().Header().I16(0).Raw(Saved(*again)).I16(-1).str());
+
+    const char* const words[] = {"tracked vehicle", "wheeled vehicle", "hovercraft", "V.T.O.L.",
+                                 "hydrofoil",       "ship",            "submarine",  "super heavy tank"};
+    for (int16_t t = 0; t < 8; ++t) {
+        zSaveVehicle(MakeVehicle("Type", 0, t), ok);
+        fake.ui.boxes.clear();
+        fake.ui.answers = {MsgResult::No};
+        zSaveVehicle(MakeVehicle("Type", 0, t), ok);
+        ASSERT_EQ(fake.ui.boxes.size(), 1u);
+        EXPECT_EQ(fake.ui.boxes[0].text, std::string("There is already  an Inner Sphere ") + words[t] +
+                                             " named Type in this database, would you like to overwrite it?");
+    }
+}
+
+TEST_F(DatabaseOps, FightersAreKeptBesideVehicles) {
+    NewDatabase();
+    bool ok = false;
+    zSaveFighter(MakeFighter("Sparrow", 0, 1), ok);
+    EXPECT_TRUE(ok);
+    fake.ui.answers = {MsgResult::No, MsgResult::No, MsgResult::No};
+    const char* const words[] = {"conventional fighter", "aerospace fighter", "omni-fighter"};
+    for (int16_t t = 0; t < 3; ++t) {
+        zSaveFighter(MakeFighter("Kestrel", 1, t), ok);
+        fake.ui.boxes.clear();
+        zSaveFighter(MakeFighter("Kestrel", 1, t), ok);
+        EXPECT_FALSE(ok);
+        ASSERT_EQ(fake.ui.boxes.size(), 1u);
+        EXPECT_EQ(fake.ui.boxes[0].text, std::string("There is already  a Clan ") + words[t] +
+                                             " named Kestrel in this database, would you like to overwrite it?");
+    }
+    const std::string bytes = dir.Read("designs.bwd");
+    EXPECT_EQ(CountAt(bytes, 32), -1);
+    EXPECT_EQ(CountAt(bytes, 34), 3);
+    EXPECT_TRUE(zCheckDatabaseBytes(bytes).ok);
+}
+
+TEST_F(DatabaseOps, DeletingAsksThenDropsTheDesignKeepingTheOrder) {
+    NewDatabase();
+    bool ok = false;
+    for (const char* n : {"One", "Two", "Three"}) zSaveVehicle(MakeVehicle(n), ok);
+    auto three = gVehicles[2];
+
+    pickAnswer = 1;
+    fake.ui.answers = {MsgResult::No};
+    zDeleteVehicle();
+    ASSERT_EQ(pickerShown.size(), 1u);
+    EXPECT_EQ(pickerShown[0], std::make_pair(std::string("Delete Vehicle"), std::string("&Delete")));
+    ASSERT_EQ(fake.ui.boxes.size(), 1u);
+    EXPECT_EQ(fake.ui.boxes[0].text, "Are you sure you want to delete the vehicle named Two?");
+    EXPECT_EQ(fake.ui.boxes[0].title, "Delete Vehicle?");
+    EXPECT_EQ(fake.ui.boxes[0].buttons, MsgButtons::YesNo);
+    EXPECT_EQ(gVehicles.size(), 3u);
+
+    zDeleteVehicle();  // the script is empty now: Yes
+    ASSERT_EQ(gVehicles.size(), 2u);
+    EXPECT_EQ(gVehicles[0]->Name, "One");
+    EXPECT_EQ(gVehicles[1], three);
+    EXPECT_EQ(CountAt(dir.Read("designs.bwd"), 32), 1);
+
+    // Cancelling the picker, or an index the table does not have, asks nothing.
+    fake.ui.boxes.clear();
+    for (int16_t answer : {int16_t{-1}, int16_t{2}, int16_t{500}}) {
+        pickAnswer = answer;
+        zDeleteVehicle();
+        EXPECT_EQ(zPickVehicleToOpen(), -1);
+    }
+    EXPECT_TRUE(fake.ui.boxes.empty());
+    EXPECT_EQ(gVehicles.size(), 2u);
+    pickAnswer = 1;
+    EXPECT_EQ(zPickVehicleToOpen(), 1);
+    EXPECT_EQ(pickerShown.back(), std::make_pair(std::string("Open Vehicle"), std::string("&Open")));
+}
+
+TEST_F(DatabaseOps, DeletingTheOnlyDesignLeavesACountOfMinusOne) {
+    NewDatabase();
+    bool ok = false;
+    zSaveVehicle(MakeVehicle("Lonely"), ok);
+    zSaveFighter(MakeFighter("Solo"), ok);
+    pickAnswer = 0;
+    zDeleteVehicle();
+    EXPECT_EQ(CountAt(dir.Read("designs.bwd"), 32), -1);
+    ASSERT_EQ(gVehicles.size(), 1u);
+    EXPECT_TRUE(gVehicles[0]->Name.empty());
+
+    zDeleteFighter();
+    EXPECT_EQ(pickerShown.back(), std::make_pair(std::string("Delete Fighter"), std::string("&Delete")));
+    EXPECT_EQ(fake.ui.LastBox().text, "Are you sure you want to delete the fighter named Solo?");
+    EXPECT_EQ(fake.ui.LastBox().title, "Delete Fighter?");
+    EXPECT_EQ(dir.Read("designs.bwd"), Bytes().Header().I16(-1).I16(-1).str());
+
+    // A blank table refuses the open command before any picker.
+    pickerShown.clear();
+    EXPECT_EQ(zPickVehicleToOpen(), -1);
+    EXPECT_EQ(fake.ui.LastBox().text, "There are no vehicles within this database.");
+    EXPECT_EQ(fake.ui.LastBox().title, "No Vehicles");
+    EXPECT_EQ(zPickFighterToOpen(), -1);
+    EXPECT_EQ(fake.ui.LastBox().text, "There are no fighters within this database.");
+    EXPECT_EQ(fake.ui.LastBox().title, "No Fighters");
+    EXPECT_TRUE(pickerShown.empty());
+}
+
+TEST_F(DatabaseOps, CompactionSqueezesBlanksOutInOrder) {
+    gVehicles = {MakeVehicle(""), MakeVehicle("A"), MakeVehicle(""), MakeVehicle("B"), MakeVehicle("")};
+    auto a = gVehicles[1], b = gVehicles[3];
+    zCompactVHLArray();
+    ASSERT_EQ(gVehicles.size(), 2u);
+    EXPECT_EQ(gVehicles[0], a);
+    EXPECT_EQ(gVehicles[1], b);
+
+    gFighters = {MakeFighter(""), MakeFighter("")};
+    zCompactFTRArray();
+    ASSERT_EQ(gFighters.size(), 1u);
+    EXPECT_TRUE(gFighters[0]->Name.empty());
+}
+
+TEST_F(DatabaseOps, SavingWithNoDatabaseRefuses) {
+    bool ok = false;
+    zSaveVehicle(MakeVehicle("Orphan"), ok);
+    // The design is in the table and the save reports it was done: the
+    // caller cannot tell.
+    EXPECT_TRUE(ok);
+    ASSERT_EQ(fake.ui.boxes.size(), 1u);
+    EXPECT_EQ(fake.ui.boxes[0].text,
+              "You do not have a database open. You must open a valid database before attempting to save.");
+    EXPECT_EQ(fake.ui.boxes[0].title, "No database open");
+    EXPECT_EQ(fake.ui.boxes[0].icon, MsgIcon::Critical);
+}
+
+TEST_F(DatabaseOps, ADesignThatCannotBeWrittenLeavesTheFileAlone) {
+    NewDatabase();
+    bool ok = false;
+    zSaveVehicle(MakeVehicle("Fine"), ok);
+    const std::string before = dir.Read("designs.bwd");
+    auto bad = MakeVehicle("Centipede");
+    bad->Items.assign(40000, VehicleItem{1, 1, 0, -1});
+    zSaveVehicle(bad, ok);
+    ASSERT_EQ(fake.ui.boxes.size(), 2u);
+    EXPECT_EQ(fake.ui.boxes[0].title, "Error");
+    EXPECT_EQ(fake.ui.boxes[1].text,
+              "There was an error while writing the data on the vehicle named Centipede. Data was not saved.");
+    EXPECT_EQ(fake.ui.boxes[1].title, "Error while writing");
+    EXPECT_EQ(fake.ui.boxes[1].icon, MsgIcon::Critical);
+    EXPECT_EQ(dir.Read("designs.bwd"), before);
+    EXPECT_FALSE(std::filesystem::exists(dir.File("tempdb.bwd")));
+}
+
+TEST_F(DatabaseOps, AStrayTemporaryIsOverwritten) {
+    NewDatabase();
+    dir.Write("tempdb.bwd", std::string(5000, 'z'));
+    zSaveDatabase();
+    EXPECT_EQ(dir.Read("designs.bwd").size(), 36u);
+    EXPECT_FALSE(std::filesystem::exists(dir.File("tempdb.bwd")));
+    EXPECT_TRUE(fake.ui.boxes.empty());
+}
+
+TEST_F(DatabaseOps, AnUnwritableDatabaseIsReportedAndTheTableKept) {
+    NewDatabase();
+    // A folder in the database's place cannot be replaced by a file.
+    gDatabasePath = dir.File("folder.bwd");
+    std::filesystem::create_directories(gDatabasePath + "/inside");
+    zSaveDatabase();
+    ASSERT_EQ(fake.ui.boxes.size(), 1u);
+    EXPECT_EQ(fake.ui.boxes[0].text, zErrorReportText("zSaveDatabase", 75, "Path/File access error"));
+    EXPECT_FALSE(std::filesystem::exists(dir.File("tempdb.bwd")));
+}
+
+TEST_F(DatabaseOps, ADatabaseOnAnotherFileSystemIsStillReplacedWhole) {
+    namespace fs = std::filesystem;
+    std::error_code ec;
+    const fs::path other = fs::path("/dev/shm") / ("bwtest-" + std::to_string(::getpid()));
+    fs::create_directories(other, ec);
+    if (ec || fs::status(other).type() != fs::file_type::directory)
+        GTEST_SKIP() << "no second file system at /dev/shm";
+    struct stat a {}, b {};
+    ::stat(dir.Path().c_str(), &a);
+    ::stat(other.c_str(), &b);
+    if (a.st_dev == b.st_dev) GTEST_SKIP() << "/dev/shm is on the same file system";
+
+    gDatabasePath = (other / "far.bwd").string();
+    bool ok = false;
+    zSaveVehicle(MakeVehicle("Far"), ok);
+    EXPECT_TRUE(fake.ui.boxes.empty());
+    std::ifstream in(gDatabasePath, std::ios::binary);
+    const std::string bytes((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
+    EXPECT_EQ(bytes, Bytes().Header().I16(0).Raw(Saved(*gVehicles[0])).I16(-1).str());
+    EXPECT_FALSE(fs::exists(dir.File("tempdb.bwd")));
+    EXPECT_FALSE(fs::exists(other / "tempdb.bwd"));
+    fs::remove_all(other, ec);
+}
+
+TEST_F(DatabaseOps, AProgramFolderThatCannotBeWrittenUsesTheDatabaseFolder) {
+    const std::string path = NewDatabase();
+    SetAppPath(dir.File("missing-folder"));
+    gLogFile = "/dev/null";
+    bool ok = false;
+    zSaveVehicle(MakeVehicle("Here"), ok);
+    EXPECT_TRUE(fake.ui.boxes.empty());
+    EXPECT_EQ(CountAt(dir.Read("designs.bwd"), 32), 0);
+    EXPECT_FALSE(std::filesystem::exists(dir.File("tempdb.bwd")));
+}
+
+// ---------------------------------------------------------------------------
+// Opening
+
+TEST_F(DatabaseOps, OpeningAMissingFileOrNothingSaysNothing) {
+    const std::string path = NewDatabase();
+    bool ok = false;
+    zSaveVehicle(MakeVehicle("Kept"), ok);
+    zOpenDatabase("");
+    zOpenDatabase(dir.File("absent.bwd"));
+    zOpenDatabase(dir.File("no-folder/absent.bwd"));
+    EXPECT_TRUE(fake.ui.boxes.empty());
+    EXPECT_EQ(gDatabasePath, path);
+    EXPECT_EQ(gVehicles[0]->Name, "Kept");
+}
+
+TEST_F(DatabaseOps, OpeningFindsTheFileIgnoringCase) {
+    dir.Write("Mixed.BWD", Bytes().Header().I16(-1).I16(-1).str());
+    zOpenDatabase(dir.File("mixed.bwd"));
+    EXPECT_EQ(gDatabasePath, dir.File("Mixed.BWD"));
+    zOpenDatabase(dir.Path() + "\\MIXED.bwd");
+    EXPECT_EQ(gDatabasePath, dir.File("Mixed.BWD"));
+}
+
+TEST_F(DatabaseOps, AnUncertifiedFileIsRefused) {
+    for (const std::string& content : {std::string("Brasswick Works 2 Database    ") + "\x02\x00",
+                                       std::string("short"), std::string()}) {
+        fake.ui.boxes.clear();
+        dir.Write("other.bwd", content);
+        zOpenDatabase(dir.File("other.bwd"));
+        ASSERT_EQ(fake.ui.boxes.size(), 1u);
+        EXPECT_EQ(fake.ui.boxes[0].text, kCertifyText);
+        EXPECT_EQ(fake.ui.boxes[0].title, "Unable to certify");
+        EXPECT_EQ(fake.ui.boxes[0].icon, MsgIcon::Information);
+        EXPECT_TRUE(gDatabasePath.empty());
+    }
+}
+
+TEST_F(DatabaseOps, AWrongVersionFallsBackToTheDefaultDatabase) {
+    dir.Write("old.bwd", Bytes().Header(1).I16(-1).I16(-1).str());
+    dir.Write("Works.BWD", Bytes().Header().I16(-1).I16(-1).str());
+    zOpenDatabase(dir.File("old.bwd"));
+    ASSERT_EQ(fake.ui.boxes.size(), 1u);
+    EXPECT_EQ(fake.ui.boxes[0].text,
+              "The database '" + dir.File("old.bwd") +
+                  "' can not be opened because it is of the wrong version. This is a version 1 database, but this "
+                  "program is looking for a version 2 database. Please choose 'Upgrade Existing v3 Database' from "
+                  "the 'File' menu.");
+    EXPECT_EQ(fake.ui.boxes[0].title, "Wrong DB version");
+    EXPECT_EQ(fake.ui.boxes[0].icon, MsgIcon::Information);
+    EXPECT_EQ(gDatabasePath, dir.File("Works.BWD"));
+}
+
+TEST_F(DatabaseOps, AWrongVersionDefaultDatabaseGivesTwoMessages) {
+    dir.Write("works.bwd", Bytes().Header(7).I16(-1).I16(-1).str());
+    zOpenDatabase(dir.File("works.bwd"));
+    ASSERT_EQ(fake.ui.boxes.size(), 2u);
+    EXPECT_EQ(fake.ui.boxes[0].title, "Wrong DB version");
+    EXPECT_NE(fake.ui.boxes[0].text.find("This is a version 7 database"), std::string::npos);
+    EXPECT_EQ(fake.ui.boxes[1].title, "Unable to open works database");
+    EXPECT_EQ(fake.ui.boxes[1].text,
+              "The works default database could not be opened because it of the wrong version. You will need to "
+              "create a new database or open a valid database before any vehicles can be saved.");
+    EXPECT_EQ(fake.ui.boxes[1].icon, MsgIcon::Information);
+    EXPECT_TRUE(gDatabasePath.empty());
+    EXPECT_TRUE(captions.empty());
+}
+
+TEST_F(DatabaseOps, ATruncatedFileIsReportedOnceAndNotOpened) {
+    const std::string path = NewDatabase();
+    bool ok = false;
+    zSaveVehicle(MakeVehicle("Whole"), ok);
+    zSaveFighter(MakeFighter("Also"), ok);
+    std::string bytes = dir.Read("designs.bwd");
+    dir.Write("cut.bwd", bytes.substr(0, 34 + 100));
+    zOpenDatabase(dir.File("cut.bwd"));
+    ASSERT_EQ(fake.ui.boxes.size(), 1u);
+    EXPECT_EQ(fake.ui.boxes[0].text, zErrorReportText("Vehicle.LoadData", 62, "Input past end of file"));
+    EXPECT_EQ(gDatabasePath, path);
+    EXPECT_EQ(fake.ui.pointerWaits, fake.ui.pointerNormals);
+
+    // Cut exactly before the fighter count: the open itself reports.
+    fake.ui.boxes.clear();
+    dir.Write("cut.bwd", bytes.substr(0, 34 + kVehicleFixedBytes));
+    zOpenDatabase(dir.File("cut.bwd"));
+    ASSERT_EQ(fake.ui.boxes.size(), 1u);
+    EXPECT_EQ(fake.ui.boxes[0].text, zErrorReportText("zOpenDatabase", 62, "Input past end of file"));
+    EXPECT_EQ(gDatabasePath, path);
+    EXPECT_EQ(fake.ui.pointerWaits, fake.ui.pointerNormals);
+}
+
+// ---------------------------------------------------------------------------
+// New database
+
+TEST_F(DatabaseOps, NewDatabaseAsksForAPathAndStartsEmpty) {
+    fake.ui.fileAnswers = {""};
+    zNewDB();
+    ASSERT_EQ(fake.ui.dialogs.size(), 1u);
+    EXPECT_EQ(fake.ui.dialogs[0].title, "New Database");
+    EXPECT_EQ(fake.ui.dialogs[0].filter, "Brasswick Works Databases (*.bwd)|*.bwd");
+    EXPECT_TRUE(gDatabasePath.empty());
+
+    fake.ui.fileAnswers = {"   "};
+    zNewDB();
+    EXPECT_TRUE(gDatabasePath.empty());
+
+    bool ok = false;
+    gVehicles[0]->Name = "Left over";
+    fake.ui.fileAnswers = {dir.File("fresh.bwd")};
+    zNewDB();
+    EXPECT_TRUE(fake.ui.boxes.empty());
+    EXPECT_EQ(gDatabasePath, dir.File("fresh.bwd"));
+    EXPECT_EQ(captions.back(), "The Brasswick Works 3.0 - " + dir.File("fresh.bwd"));
+    EXPECT_EQ(gVehicles.size(), 1u);
+    EXPECT_TRUE(gVehicles[0]->Name.empty());
+    // Nothing is written until the first save.
+    EXPECT_FALSE(std::filesystem::exists(dir.File("fresh.bwd")));
+    zSaveVehicle(MakeVehicle("First"), ok);
+    EXPECT_EQ(CountAt(dir.Read("fresh.bwd"), 32), 0);
+}
+
+TEST_F(DatabaseOps, NewDatabaseOverAnExistingFileAsksFirst) {
+    dir.Write("taken.bwd", "precious");
+    fake.ui.fileAnswers = {dir.File("taken.bwd")};
+    fake.ui.answers = {MsgResult::No};
+    zNewDB();
+    ASSERT_EQ(fake.ui.boxes.size(), 1u);
+    EXPECT_EQ(fake.ui.boxes[0].text, "This file already already exists, overwrite it?");
+    EXPECT_EQ(fake.ui.boxes[0].title, "Overwrite?");
+    EXPECT_EQ(fake.ui.boxes[0].buttons, MsgButtons::YesNo);
+    EXPECT_EQ(dir.Read("taken.bwd"), "precious");
+    EXPECT_TRUE(gDatabasePath.empty());
+
+    fake.ui.fileAnswers = {dir.File("taken.bwd")};
+    zNewDB();  // Yes
+    EXPECT_FALSE(std::filesystem::exists(dir.File("taken.bwd")));
+    EXPECT_EQ(gDatabasePath, dir.File("taken.bwd"));
+}
+
+}  // namespace
+}  // namespace bw

@@ -1,0 +1,241 @@
+// bwtool check / dump / copy: database files from the command line.
+#include <cstdio>
+#include <string>
+#include <vector>
+
+#include "Commands.h"
+#include "core/BinaryIO.h"
+#include "core/Errors.h"
+#include "core/Globals.h"
+#include "core/Ui.h"
+#include "database/DatabaseFile.h"
+#include "database/DatabaseOps.h"
+#include "database/RecordFields.h"
+#include "fighter/Fighter.h"
+#include "vehicle/Vehicle.h"
+
+namespace {
+
+bool ReadWhole(const std::string& path, std::string& bytes) {
+    std::FILE* f = std::fopen(bw::zNormalizePath(path).c_str(), "rb");
+    if (!f) return false;
+    char buf[65536];
+    size_t n;
+    while ((n = std::fread(buf, 1, sizeof buf, f)) > 0) bytes.append(buf, n);
+    const bool ok = !std::ferror(f);
+    std::fclose(f);
+    return ok;
+}
+
+int RunCheck(const std::vector<std::string>& args) {
+    if (args.size() != 1) {
+        std::fprintf(stderr, "usage: bwtool check FILE\n");
+        return 2;
+    }
+    std::string bytes;
+    if (!ReadWhole(args[0], bytes)) {
+        std::printf("%s: cannot be read\n", args[0].c_str());
+        return 1;
+    }
+    const bw::DatabaseCheck c = bw::zCheckDatabaseBytes(bytes);
+    std::printf("%s: %s\n", args[0].c_str(), c.message.c_str());
+    return c.ok ? 0 : 1;
+}
+
+// JSON text of Windows-1252 bytes: escaped, and converted to UTF-8 so that
+// any JSON reader accepts it.
+std::string JsonText(const std::string& s) {
+    // 0x80..0x9F of Windows-1252; 0 where the code page leaves a hole (those
+    // bytes then keep the C1 control of the same number).
+    static const char16_t kHigh[32] = {0x20AC, 0,      0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021,
+                                       0x02C6, 0x2030, 0x0160, 0x2039, 0x0152, 0,      0x017D, 0,
+                                       0,      0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014,
+                                       0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0,      0x017E, 0x0178};
+    std::string out = "\"";
+    for (unsigned char c : s) {
+        unsigned cp = c;
+        if (c >= 0x80 && c <= 0x9F && kHigh[c - 0x80]) cp = kHigh[c - 0x80];
+        if (cp == '"') out += "\\\"";
+        else if (cp == '\\') out += "\\\\";
+        else if (cp < 0x20 || (cp >= 0x7F && cp <= 0x9F)) {
+            char buf[8];
+            std::snprintf(buf, sizeof buf, "\\u%04x", cp);
+            out += buf;
+        } else if (cp < 0x80) out += static_cast<char>(cp);
+        else if (cp < 0x800) {
+            out += static_cast<char>(0xC0 | (cp >> 6));
+            out += static_cast<char>(0x80 | (cp & 0x3F));
+        } else {
+            out += static_cast<char>(0xE0 | (cp >> 12));
+            out += static_cast<char>(0x80 | ((cp >> 6) & 0x3F));
+            out += static_cast<char>(0x80 | (cp & 0x3F));
+        }
+    }
+    return out + "\"";
+}
+
+std::string JsonNumber(double d) {
+    // JSON has no NaN or infinity; a damaged file may hold them.
+    if (d != d) return "\"NaN\"";
+    if (d == 1.0 / 0.0) return "\"Infinity\"";
+    if (d == -1.0 / 0.0) return "\"-Infinity\"";
+    char buf[40];
+    std::snprintf(buf, sizeof buf, "%.17g", d);
+    return buf;
+}
+
+struct JsonFields {
+    std::string& out;
+    void operator()(const char* name, int16_t v) const { out += ",\"" + std::string(name) + "\":" + std::to_string(v); }
+    void operator()(const char* name, double v) const { out += ",\"" + std::string(name) + "\":" + JsonNumber(v); }
+};
+
+// Lists show what the file holds: nothing when element 0 is not in use
+// (count field -1), though the program reads that as one empty element.
+std::string WeaponList(const std::vector<bw::FighterWeapon>& list) {
+    std::string out = "[";
+    const size_t n = !list.empty() && list[0].wActive == bw::kTrue ? list.size() : 0;
+    for (size_t i = 0; i < n; ++i) {
+        const auto& e = list[i];
+        if (i) out += ",";
+        out += "{\"wIdx\":" + std::to_string(e.wIdx) + ",\"wNum\":" + std::to_string(e.wNum) +
+               ",\"wBase\":" + std::to_string(e.wBase) + ",\"wActive\":" + std::to_string(e.wActive) +
+               ",\"wSlot\":" + std::to_string(e.wSlot) + ",\"wLoc\":" + std::to_string(e.wLoc) + "}";
+    }
+    return out + "]";
+}
+
+template <class T>
+std::string Array6(const std::array<T, bw::kOmniConfigs>& a) {
+    std::string out = "[";
+    for (size_t i = 0; i < a.size(); ++i) {
+        if (i) out += ",";
+        if constexpr (std::is_same_v<T, double>) out += JsonNumber(a[i]);
+        else out += std::to_string(a[i]);
+    }
+    return out + "]";
+}
+
+std::string DumpVehicle(const bw::Vehicle& v, size_t index) {
+    std::string out = "{\"kind\":\"vehicle\",\"index\":" + std::to_string(index) + ",\"Name\":" + JsonText(v.Name);
+    bw::zVisitVehicleFields(v, JsonFields{out});
+    out += ",\"Items\":[";
+    const size_t n = !v.Items.empty() && v.Items[0].wStatus == bw::kTrue ? v.Items.size() : 0;
+    for (size_t i = 0; i < n; ++i) {
+        const auto& it = v.Items[i];
+        if (i) out += ",";
+        out += "{\"wType\":" + std::to_string(it.wType) + ",\"wNum\":" + std::to_string(it.wNum) +
+               ",\"wLoc\":" + std::to_string(it.wLoc) + ",\"wStatus\":" + std::to_string(it.wStatus) + "}";
+    }
+    return out + "]}";
+}
+
+std::string DumpFighter(const bw::Fighter& f, size_t index) {
+    std::string out = "{\"kind\":\"fighter\",\"index\":" + std::to_string(index) + ",\"Name\":" + JsonText(f.Name);
+    bw::zVisitFighterHead(f, JsonFields{out});
+    if (f.FighterType != 2) {
+        bw::zVisitFighterPlainTail(f, JsonFields{out});
+        out += ",\"Weapons\":" + WeaponList(f.Weapons);
+        return out + "}";
+    }
+    out += ",\"OmniBaseLocked\":" + std::to_string(f.OmniBaseLocked);
+    out += ",\"OmniHasTC\":" + Array6(f.OmniHasTC);
+    out += ",\"OmniTCTonnage\":" + Array6(f.OmniTCTonnage);
+    out += ",\"OmniTCLocation\":" + Array6(f.OmniTCLocation);
+    out += ",\"OmniWeaponHeat\":" + Array6(f.OmniWeaponHeat);
+    out += ",\"OmniWeaponTonnage\":" + Array6(f.OmniWeaponTonnage);
+    out += ",\"OmniTotalTonnage\":" + Array6(f.OmniTotalTonnage);
+    out += ",\"OmniFreeTonnage\":" + Array6(f.OmniFreeTonnage);
+    out += ",\"OmniWeapons\":[";
+    for (size_t c = 0; c < f.OmniWeapons.size(); ++c) out += (c ? "," : "") + WeaponList(f.OmniWeapons[c]);
+    out += "]";
+    out += ",\"OmniConfigUsed\":" + Array6(f.OmniConfigUsed);
+    out += ",\"OmniFuelTonnage\":" + Array6(f.OmniFuelTonnage);
+    out += ",\"OmniHeatSinks\":" + Array6(f.OmniHeatSinks);
+    out += ",\"OmniHeatSinkTonnage\":" + Array6(f.OmniHeatSinkTonnage);
+    return out + "}";
+}
+
+int RunDump(const std::vector<std::string>& args) {
+    if (args.size() != 1) {
+        std::fprintf(stderr, "usage: bwtool dump FILE\n");
+        return 2;
+    }
+    std::string bytes;
+    if (!ReadWhole(args[0], bytes)) {
+        std::fprintf(stderr, "%s: cannot be read\n", args[0].c_str());
+        return 1;
+    }
+    // Only a file that checks clean is dumped: a damaged one says where.
+    const bw::DatabaseCheck c = bw::zCheckDatabaseBytes(bytes);
+    if (!c.ok) {
+        std::fprintf(stderr, "%s: %s\n", args[0].c_str(), c.message.c_str());
+        return 1;
+    }
+    bw::BinaryReader r(bytes);
+    r.Seek(bw::kDbCertificationLen + 2);
+    std::vector<std::shared_ptr<bw::Vehicle>> vehicles;
+    std::vector<std::shared_ptr<bw::Fighter>> fighters;
+    bw::zReadDesignTables(r, vehicles, fighters);
+    // A blank table (count field -1) holds no design.
+    for (size_t i = 0; i < vehicles.size() && c.vehicles > 0; ++i)
+        std::printf("%s\n", DumpVehicle(*vehicles[i], i).c_str());
+    for (size_t i = 0; i < fighters.size() && c.fighters > 0; ++i)
+        std::printf("%s\n", DumpFighter(*fighters[i], i).c_str());
+    return 0;
+}
+
+// Messages of the database operations go to standard error as one line.
+class ConsoleUi : public bw::IUi {
+public:
+    int boxes = 0;
+    bw::MsgResult MsgBox(const std::string& text, bw::MsgButtons, bw::MsgIcon, const std::string& title) override {
+        ++boxes;
+        std::string t = text;
+        for (char& ch : t)
+            if (ch == '\n' || ch == '\t') ch = ' ';
+        std::fprintf(stderr, "%s: %s\n", title.c_str(), t.c_str());
+        return bw::MsgResult::No;  // never agree to anything unasked
+    }
+    void Beep() override {}
+    std::string OpenFileDialog(const bw::FileDialogRequest&) override { return {}; }
+    std::string SaveFileDialog(const bw::FileDialogRequest&) override { return {}; }
+    void PointerWait() override {}
+    void PointerNormal() override {}
+    void DoEvents() override {}
+};
+
+int RunCopy(const std::vector<std::string>& args) {
+    if (args.size() != 2) {
+        std::fprintf(stderr, "usage: bwtool copy IN OUT\n");
+        return 2;
+    }
+    ConsoleUi ui;
+    bw::SetUi(&ui);
+    // The temporary file of a save belongs in the program's folder; for
+    // bwtool that is the output's folder, so the final rename stays on one
+    // file system. The log goes nowhere.
+    const std::string out = bw::zNormalizePath(args[1]);
+    const size_t slash = out.rfind('/');
+    bw::SetAppPath(slash == std::string::npos ? "." : slash == 0 ? "/" : out.substr(0, slash));
+    bw::gLogFile = "/dev/null";
+    bw::zResetDatabase();
+    bw::zOpenDatabase(args[0]);
+    int rc = 0;
+    if (bw::gDatabasePath.empty() || ui.boxes > 0) {
+        if (ui.boxes == 0) std::fprintf(stderr, "%s: not found\n", args[0].c_str());
+        rc = 1;
+    } else {
+        bw::gDatabasePath = out;
+        bw::zSaveDatabase();
+        if (ui.boxes > 0) rc = 1;
+    }
+    bw::SetUi(nullptr);
+    return rc;
+}
+
+bwtool::Registrar regCheck("check", "check FILE", "certify a database and parse it to its last byte", &RunCheck);
+bwtool::Registrar regDump("dump", "dump FILE", "print every design of a database as one JSON line", &RunDump);
+bwtool::Registrar regCopy("copy", "copy IN OUT", "open IN as the program does and save it as OUT", &RunCopy);
+
+}  // namespace
