@@ -66,9 +66,8 @@ frmMain::frmMain() {
 
     mnuFileNew.Click = [this] { zTrapVoid("mnuFileNew_Click", [] { zNewDB(); }); };
     mnuFileOpne.Click = [this] { mnuFileOpne_Click(); };
-    mnuFileExit.Click = [this] {
-        if (CloseWindow) CloseWindow();
-    };
+    // Exit only asks the main window to unload; the walk decides.
+    mnuFileExit.Click = [this] { RequestUnload(); };
     mnuSettings.Click = [this] {
         if (ShowSettings) ShowSettings();
     };

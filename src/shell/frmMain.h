@@ -83,7 +83,9 @@ public:
     // What the window system does for the commands that show windows.
     std::function<void()> ShowSettings;  // frmSet, modal
     std::function<void()> ShowAbout;     // frmAbout, modal
-    std::function<void()> CloseWindow;   // the main window unloads itself
+    // The main window goes away after a walk that nobody refused; the
+    // window system must not run Form_Unload again for it.
+    std::function<void()> CloseWindow;
     // The last Form_Unload's answer, for the binding.
     bool wUnloadCancelled = false;
 

@@ -1,12 +1,17 @@
 #include <gtest/gtest.h>
 
 #include <QAction>
+#include <QHeaderView>
+#include <QRadioButton>
+#include <QTimer>
+#include <QTreeWidget>
 #include <QMenuBar>
 #include <QSpinBox>
 #include <QTest>
 #include <QToolBar>
 
 #include "core/Controls.h"
+#include "core/Forms.h"
 #include "database/DatabaseOps.h"
 #include "shell/frmMain.h"
 #include "shell/qt/Binders.h"
@@ -82,5 +87,143 @@ TEST(QtMainWindow, TitleMenusAndToolbarComeFromTheModel) {
     // The caption follows the open database.
     model.Window.SetCaption("The Brasswick Works 3.0 - /tmp/x.bwd");
     EXPECT_EQ(w.windowTitle(), "The Brasswick Works 3.0 - /tmp/x.bwd");
+    zResetDatabase();
+}
+
+TEST(QtBinding, ListViewRowsHeadersClicksAndSort) {
+    ListView lv("lvVHLs");
+    lv.ColumnHeaders = {"Name", "Base", "Type", "Tonnage", "Speed"};
+    lv.FullRowSelect = true;
+    std::vector<int32_t> clicks;
+    lv.ItemClick = [&](int32_t i) { clicks.push_back(i); };
+    lv.ColumnClick = [&](int32_t col) { lv.SortByColumn(col); };
+    QTreeWidget w;
+    w.resize(500, 300);
+    qt::BindListView(&w, lv);
+    lv.Add("v1", "Bulldog").SetSubItem(3, "60");
+    lv.Add("v2", "Zephyr").SetSubItem(3, "100");
+    lv.Add("v3", "Harasser").SetSubItem(3, "25");
+    lv.Refresh();
+    ASSERT_EQ(w.topLevelItemCount(), 3);
+    EXPECT_EQ(w.headerItem()->text(3), "Tonnage");
+    EXPECT_EQ(w.topLevelItem(1)->text(3), "100");
+
+    // A header click reaches the model, whose text sort puts "100" first.
+    emit w.header()->sectionClicked(3);
+    EXPECT_EQ(w.topLevelItem(0)->text(0), "Zephyr");
+    EXPECT_EQ(w.topLevelItem(1)->text(0), "Harasser");
+
+    // A click on a row selects it in the model, once.
+    w.show();
+    QRect r = w.visualItemRect(w.topLevelItem(2));
+    QTest::mouseClick(w.viewport(), Qt::LeftButton, {}, r.center());
+    EXPECT_EQ(clicks, std::vector<int32_t>{2});
+    EXPECT_EQ(lv.SelectedItem()->Key, "v1");
+    EXPECT_EQ(w.currentItem(), w.topLevelItem(2));
+    // The model's own selection shows without a second click event.
+    lv.ItemClick = nullptr;
+    lv.Select(0);
+    EXPECT_EQ(w.currentItem(), w.topLevelItem(0));
+}
+
+TEST(QtBinding, TreeViewNodesExpandAndSelectBothWays) {
+    TreeView tv("tvEquip");
+    std::vector<std::string> events;
+    tv.Expand = [&](const std::string& k) { events.push_back("expand " + k); };
+    tv.NodeClick = [&](const std::string& k) { events.push_back("click " + k); };
+    QTreeWidget w;
+    qt::BindTreeView(&w, tv);
+    tv.Add("", "Weapons", "Weapons");
+    tv.Add("Weapons", "w12-1", "Medium Laser");
+    tv.Add("Weapons", "w12-2", "Medium Laser");
+    tv.Add("", "Equip", "Equipment");
+    ASSERT_EQ(w.topLevelItemCount(), 2);
+    QTreeWidgetItem* weapons = w.topLevelItem(0);
+    ASSERT_EQ(weapons->childCount(), 2);
+    EXPECT_FALSE(weapons->isExpanded());
+
+    weapons->setExpanded(true);  // as the user opens it
+    EXPECT_TRUE(tv.Find("Weapons")->Expanded);
+    EXPECT_EQ(events, std::vector<std::string>{"expand Weapons"});
+    EXPECT_EQ(w.topLevelItem(0), weapons);  // not rebuilt by its own expansion
+
+    emit w.itemClicked(weapons->child(1), 0);
+    EXPECT_EQ(tv.SelectedKey(), "w12-2");
+    EXPECT_EQ(events.back(), "click w12-2");
+
+    // Removing a parent takes its children from the widget too.
+    tv.Remove("Weapons");
+    ASSERT_EQ(w.topLevelItemCount(), 1);
+    EXPECT_EQ(w.topLevelItem(0)->text(0), "Equipment");
+    EXPECT_EQ(tv.SelectedKey(), "");
+}
+
+TEST(QtBinding, OptionButtonsKeepOneChosenAndTimerFollowsEnabled) {
+    OptionButton is("RButIS"), clan("RButClan");
+    std::vector<OptionButton*> group{&is, &clan};
+    is.SetGroup(&group);
+    clan.SetGroup(&group);
+    is.SetValue(true);
+    QRadioButton wIs, wClan;
+    qt::BindOption(&wIs, is);
+    qt::BindOption(&wClan, clan);
+    QTest::mouseClick(&wClan, Qt::LeftButton);
+    EXPECT_TRUE(clan.Value());
+    EXPECT_FALSE(is.Value());
+    EXPECT_FALSE(wIs.isChecked());
+    QTest::mouseClick(&wClan, Qt::LeftButton);  // clicking the chosen one keeps it
+    EXPECT_TRUE(wClan.isChecked());
+    EXPECT_TRUE(clan.Value());
+
+    Timer t("Timer1");
+    t.Interval = 10;
+    t.SetEnabled(false);
+    int ticks = 0;
+    t.OnTimer = [&] { ++ticks; };
+    QTimer qtimer;
+    qt::BindTimer(&qtimer, t);
+    EXPECT_FALSE(qtimer.isActive());
+    t.SetEnabled(true);
+    EXPECT_TRUE(qtimer.isActive());
+    QTest::qWait(60);
+    EXPECT_GT(ticks, 0);
+    t.SetEnabled(false);
+    EXPECT_FALSE(qtimer.isActive());
+}
+
+namespace {
+class StubbornEditor : public IForm {
+public:
+    StubbornEditor() { RegisterForm(this); }
+    ~StubbornEditor() override { UnregisterForm(this); }
+    std::string FormName() const override { return "frmVhl"; }
+    bool IsSaved() const override { return saved; }
+    void RequestUnload() override {
+        ++asked;
+        if (saved) UnregisterForm(this);
+    }
+    bool saved = false;
+    int asked = 0;
+};
+}  // namespace
+
+TEST(QtMainWindow, CloseBoxAndExitRunTheWalkOnce) {
+    test::AppFolder app;
+    test::ScopedFakeUi fake;
+    frmMain model;
+    model.Form_Load();
+    qt::MainWindow w(model);
+    w.show();
+    StubbornEditor editor;
+    EXPECT_FALSE(w.close());  // the close box: the editor keeps its work
+    EXPECT_TRUE(w.isVisible());
+    EXPECT_EQ(editor.asked, 1);
+    w.ActionFor(model.mnuFileExit)->trigger();
+    EXPECT_TRUE(w.isVisible());
+    EXPECT_EQ(editor.asked, 2);  // asked once by Exit, not again by the close
+    editor.saved = true;
+    w.ActionFor(model.mnuFileExit)->trigger();
+    EXPECT_FALSE(w.isVisible());
+    EXPECT_EQ(editor.asked, 3);
     zResetDatabase();
 }

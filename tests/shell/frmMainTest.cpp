@@ -117,6 +117,36 @@ TEST_F(MainFixture, ShutdownAsksEveryEditorAndRefusesWhileOneStaysUnsaved) {
     EXPECT_EQ(log, (std::vector<std::string>{"asked frmFtr", "asked frmVhl (stays)"}));
 }
 
+TEST_F(MainFixture, AnEditorThatRefusesDoesNotStopTheWalk) {
+    std::vector<std::string> log;
+    frmMain m;
+    FakeEditor older("frmVhl", false, false, &log);  // unsaved, lets go
+    FakeEditor report("frmCost", true, false, &log);
+    FakeEditor newer("frmFtr", false, true, &log);   // asked first, refuses
+    gOpenLast = 0;
+    bool cancel = false;
+    m.Form_Unload(cancel);
+    EXPECT_TRUE(cancel);
+    EXPECT_TRUE(m.wUnloadCancelled);
+    EXPECT_EQ(log, (std::vector<std::string>{"asked frmFtr (stays)", "asked frmCost", "asked frmVhl"}));
+    // Only the refusing editor and the main window are left.
+    EXPECT_EQ(gForms(), (std::vector<IForm*>{&m, &newer}));
+}
+
+TEST_F(MainFixture, ExitClosesOnlyWhenNoEditorRefuses) {
+    std::vector<std::string> log;
+    frmMain m;
+    int closed = 0;
+    m.CloseWindow = [&] { ++closed; };
+    {
+        FakeEditor stubborn("frmVhl", false, true, &log);
+        m.RequestUnload();
+        EXPECT_EQ(closed, 0);
+    }
+    m.mnuFileExit.Click();  // Exit only asks the main window to unload
+    EXPECT_EQ(closed, 1);
+}
+
 TEST_F(MainFixture, SavedEditorsAndOtherWindowsDoNotRefuse) {
     std::vector<std::string> log;
     frmMain m;

@@ -1,7 +1,11 @@
 #include "shell/qt/Binders.h"
 
+#include <QHeaderView>
+#include <QTreeWidgetItemIterator>
 #include <QPointer>
 #include <QSignalBlocker>
+
+#include <map>
 
 #include "core/Codepage.h"
 #include "core/Errors.h"
@@ -80,6 +84,194 @@ void BindScrollBar(QSpinBox* w, ScrollBar& c) {
     QObject::connect(w, qOverload<int>(&QSpinBox::valueChanged), [&c](int v) {
         zTrapVoid(c.Name.c_str(), [&] { c.SetValue(static_cast<int16_t>(v)); });
     });
+}
+
+void BindScrollBar(QScrollBar* w, ScrollBar& c) {
+    Watch(w, c, [&c](QScrollBar* x) {
+        QSignalBlocker b(x);
+        x->setRange(c.Min(), c.Max());
+        x->setSingleStep(c.SmallChange);
+        x->setPageStep(c.LargeChange);
+        x->setValue(c.Value());
+        x->setVisible(c.Visible());
+        x->setEnabled(c.Enabled());
+    });
+    QObject::connect(w, &QScrollBar::valueChanged, [&c](int v) {
+        zTrapVoid(c.Name.c_str(), [&] { c.SetValue(static_cast<int16_t>(v)); });
+    });
+}
+
+void BindOption(QRadioButton* w, OptionButton& c) {
+    // Qt's own exclusive groups would clear a button behind the model's back;
+    // the model's group does that job.
+    w->setAutoExclusive(false);
+    Watch(w, c, [&c](QRadioButton* x) {
+        QSignalBlocker b(x);
+        x->setText(FromModel(c.Caption()));
+        x->setChecked(c.Value());
+        x->setVisible(c.Visible());
+        x->setEnabled(c.Enabled());
+    });
+    QObject::connect(w, &QRadioButton::clicked, [&c, w] {
+        // A click on a chosen option leaves it chosen, as a radio button does.
+        zTrapVoid(c.Name.c_str(), [&] { c.SetValue(true); });
+        QSignalBlocker b(w);
+        w->setChecked(c.Value());
+    });
+}
+
+void BindListBox(QListWidget* w, ListBox& c) {
+    Watch(w, c, [&c](QListWidget* x) {
+        QSignalBlocker b(x);
+        QStringList items;
+        for (int32_t i = 0; i < c.ListCount(); ++i) items << FromModel(c.List(i));
+        bool same = x->count() == items.size();
+        for (int i = 0; same && i < x->count(); ++i) same = x->item(i)->text() == items[i];
+        if (!same) {
+            x->clear();
+            x->addItems(items);
+        }
+        x->setCurrentRow(c.ListIndex());
+        x->setVisible(c.Visible());
+        x->setEnabled(c.Enabled());
+    });
+    QObject::connect(w, &QListWidget::currentRowChanged, [&c](int row) {
+        if (row >= 0) zTrapVoid(c.Name.c_str(), [&] { c.SetListIndex(row); });
+    });
+    QObject::connect(w, &QListWidget::itemDoubleClicked, [&c](QListWidgetItem*) {
+        if (c.DblClick) c.DblClick();
+    });
+}
+
+void BindListView(QTreeWidget* w, ListView& c) {
+    w->setRootIsDecorated(false);
+    w->setUniformRowHeights(true);
+    w->setSelectionMode(QAbstractItemView::SingleSelection);
+    w->header()->setSectionsClickable(true);
+    w->header()->setSortIndicatorShown(false);
+    Watch(w, c, [&c](QTreeWidget* x) {
+        QSignalBlocker b(x);
+        QStringList headers;
+        for (const auto& h : c.ColumnHeaders) headers << FromModel(h);
+        x->setColumnCount(std::max<int>(1, static_cast<int>(headers.size())));
+        x->setHeaderLabels(headers);
+        x->setSelectionBehavior(c.FullRowSelect ? QAbstractItemView::SelectRows : QAbstractItemView::SelectItems);
+        // Rows are rebuilt only when their texts changed: a click that merely
+        // selects must not delete the row Qt is still reporting.
+        bool same = x->topLevelItemCount() == c.Count();
+        for (int32_t i = 0; same && i < c.Count(); ++i) {
+            const auto& it = c.Item(i);
+            const QTreeWidgetItem* row = x->topLevelItem(i);
+            same = row->text(0) == FromModel(it.Text);
+            for (size_t s = 1; same && s <= it.SubItems.size(); ++s)
+                same = row->text(static_cast<int>(s)) == FromModel(it.SubItem(s));
+        }
+        if (!same) {
+            x->clear();
+            for (int32_t i = 0; i < c.Count(); ++i) {
+                const auto& it = c.Item(i);
+                auto* row = new QTreeWidgetItem(x);
+                row->setText(0, FromModel(it.Text));
+                for (size_t s = 1; s <= it.SubItems.size(); ++s)
+                    row->setText(static_cast<int>(s), FromModel(it.SubItem(s)));
+                row->setData(0, Qt::UserRole, i);
+            }
+        }
+        x->clearSelection();
+        for (int32_t i = 0; i < c.Count(); ++i)
+            if (c.Item(i).Selected) {
+                x->setCurrentItem(x->topLevelItem(i));
+                break;
+            }
+        x->setVisible(c.Visible());
+        x->setEnabled(c.Enabled());
+    });
+    QObject::connect(w, &QTreeWidget::itemClicked, [&c](QTreeWidgetItem* item, int) {
+        int32_t i = item->data(0, Qt::UserRole).toInt();
+        zTrapVoid(c.Name.c_str(), [&] { c.Select(i); });
+    });
+    QObject::connect(w, &QTreeWidget::itemDoubleClicked, [&c](QTreeWidgetItem*, int) {
+        if (c.DblClick) c.DblClick();
+    });
+    QObject::connect(w->header(), &QHeaderView::sectionClicked, [&c](int column) {
+        if (c.ColumnClick) c.ColumnClick(column);
+    });
+}
+
+void BindTreeView(QTreeWidget* w, TreeView& c) {
+    w->setHeaderHidden(true);
+    w->setColumnCount(1);
+    w->setSelectionMode(QAbstractItemView::SingleSelection);
+    Watch(w, c, [&c](QTreeWidget* x) {
+        QSignalBlocker b(x);
+        std::map<std::string, QTreeWidgetItem*> byKey;
+        // The tree is rebuilt only when its nodes changed: expanding or
+        // selecting must not delete the item Qt is still reporting.
+        QString shape;
+        for (const auto& n : c.Nodes())
+            shape += FromModel(n.ParentKey + '\x1f' + n.Key + '\x1f' + n.Text + '\x1e') + QString::number(n.ForeColor);
+        if (x->property("bwShape").toString() == shape) {
+            for (QTreeWidgetItemIterator it(x); *it; ++it) byKey[ToModel((*it)->data(0, Qt::UserRole).toString())] = *it;
+            for (const auto& n : c.Nodes())
+                if (auto f = byKey.find(n.Key); f != byKey.end()) f->second->setExpanded(n.Expanded);
+            x->clearSelection();
+            if (auto sel = byKey.find(c.SelectedKey()); !c.SelectedKey().empty() && sel != byKey.end())
+                x->setCurrentItem(sel->second);
+            x->setVisible(c.Visible());
+            x->setEnabled(c.Enabled());
+            return;
+        }
+        x->setProperty("bwShape", shape);
+        x->clear();
+        // Parents always come before their children in the model's order.
+        for (const auto& n : c.Nodes()) {
+            QTreeWidgetItem* item = nullptr;
+            auto parent = byKey.find(n.ParentKey);
+            if (!n.ParentKey.empty() && parent != byKey.end()) item = new QTreeWidgetItem(parent->second);
+            else item = new QTreeWidgetItem(x);
+            item->setText(0, FromModel(n.Text));
+            item->setData(0, Qt::UserRole, FromModel(n.Key));
+            if (n.ForeColor >= 0) item->setForeground(0, FromWinColor(n.ForeColor));
+            byKey[n.Key] = item;
+        }
+        for (const auto& n : c.Nodes())
+            if (n.Expanded) byKey[n.Key]->setExpanded(true);
+        auto sel = byKey.find(c.SelectedKey());
+        if (!c.SelectedKey().empty() && sel != byKey.end()) x->setCurrentItem(sel->second);
+        x->setVisible(c.Visible());
+        x->setEnabled(c.Enabled());
+    });
+    auto key = [](QTreeWidgetItem* item) { return ToModel(item->data(0, Qt::UserRole).toString()); };
+    QObject::connect(w, &QTreeWidget::itemExpanded, [&c, key](QTreeWidgetItem* item) {
+        zTrapVoid(c.Name.c_str(), [&] { c.SetExpanded(key(item), true); });
+    });
+    QObject::connect(w, &QTreeWidget::itemCollapsed, [&c, key](QTreeWidgetItem* item) {
+        zTrapVoid(c.Name.c_str(), [&] { c.SetExpanded(key(item), false); });
+    });
+    QObject::connect(w, &QTreeWidget::itemClicked, [&c, key](QTreeWidgetItem* item, int) {
+        zTrapVoid(c.Name.c_str(), [&] { c.Select(key(item)); });
+    });
+    QObject::connect(w, &QTreeWidget::itemDoubleClicked, [&c](QTreeWidgetItem*, int) {
+        if (c.DblClick) c.DblClick();
+    });
+}
+
+void BindTimer(QTimer* t, Timer& c) {
+    QPointer<QTimer> guard(t);
+    auto refresh = [&c](QTimer* x) {
+        if (c.Enabled() && c.Interval > 0) {
+            if (!x->isActive() || x->interval() != c.Interval) x->start(c.Interval);
+        } else {
+            x->stop();
+        }
+    };
+    int id = c.Subscribe([guard, refresh] {
+        if (guard) refresh(guard.data());
+    });
+    Timer* model = &c;
+    QObject::connect(t, &QObject::destroyed, [model, id] { model->Unsubscribe(id); });
+    refresh(t);
+    QObject::connect(t, &QTimer::timeout, [&c] { zTrapVoid(c.Name.c_str(), [&] { c.Tick(); }); });
 }
 
 void BindCheckBox(QCheckBox* w, CheckBox& c) {

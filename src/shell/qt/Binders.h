@@ -10,8 +10,13 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QProgressBar>
+#include <QListWidget>
 #include <QPushButton>
+#include <QRadioButton>
+#include <QScrollBar>
 #include <QSpinBox>
+#include <QTimer>
+#include <QTreeWidget>
 #include <QWidget>
 
 #include "core/Controls.h"
@@ -23,7 +28,18 @@ void BindCommon(QWidget* w, Control& c);
 void BindLabel(QLabel* w, Label& c);
 void BindTextBox(QLineEdit* w, TextBox& c);
 void BindScrollBar(QSpinBox* w, ScrollBar& c);
+void BindScrollBar(QScrollBar* w, ScrollBar& c);
 void BindCheckBox(QCheckBox* w, CheckBox& c);
+void BindOption(QRadioButton* w, OptionButton& c);
+void BindListBox(QListWidget* w, ListBox& c);
+// Report-mode list view: the headers, one top-level row per item with its
+// sub-items in the following columns. A header click runs ColumnClick; the
+// model decides whether to sort.
+void BindListView(QTreeWidget* w, ListView& c);
+// Tree view: nodes by key, expanded state and selection both ways.
+void BindTreeView(QTreeWidget* w, TreeView& c);
+// The timer runs while the model is enabled with an interval, and calls Tick.
+void BindTimer(QTimer* t, Timer& c);
 void BindCombo(QComboBox* w, ComboBox& c);
 void BindButton(QPushButton* w, CommandButton& c);
 void BindProgress(QProgressBar* w, ProgressBar& c);

@@ -52,7 +52,10 @@ MainWindow::MainWindow(frmMain& model, QWidget* parent) : QMainWindow(parent), m
 
     model_.ShowSettings = [this] { ShowSettings(); };
     model_.ShowAbout = [this] { ShowAbout(); };
-    model_.CloseWindow = [this] { close(); };
+    model_.CloseWindow = [this] {
+        walked_ = true;
+        close();
+    };
     resize(760, 150);
 }
 
@@ -133,7 +136,9 @@ void MainWindow::RefreshDatabaseLabel() {
 
 void MainWindow::closeEvent(QCloseEvent* e) {
     bool cancel = false;
-    model_.Form_Unload(cancel);
+    // Exit has already walked the windows; the close box has not.
+    if (!walked_) model_.Form_Unload(cancel);
+    walked_ = false;
     if (cancel) e->ignore();
     else e->accept();
 }

@@ -28,6 +28,7 @@ private:
     void ShowAbout();
 
     frmMain& model_;
+    bool walked_ = false;
     QLabel* dbLabel_ = nullptr;
     std::vector<std::pair<const MenuItem*, QAction*>> actions_;
     std::vector<std::pair<QString, QAction*>> toolActions_;
