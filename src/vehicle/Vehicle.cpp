@@ -261,7 +261,8 @@ void Vehicle::CalcBaseCrew() {
             c = 2;
         else
             c = zI16(zRoundUp(Tonnage / 15.0));
-        if (TechLevel < 3 || BaseCrew < 1) {
+        // At level 3 the crew aboard is the user's, once a design has one.
+        if (TechLevel < 3 || (TechLevel == 3 && BaseCrew < 1)) {
             BaseCrew = c;
             NumCrew = c;
             if (IsYes(wInteractive) && frm) frm->zShowCrew(BaseCrew);
@@ -570,13 +571,14 @@ int16_t Vehicle::AddWeapon(int16_t wType) {
         if (Items.front().wStatus == kFalse) {
             Items.front() = VehicleItem{wType, 1, loc, kTrue};
         } else {
+            // The smallest number that this row does not use.
             int32_t num = 1;
-            for (bool taken = true; taken; ++num) {
-                taken = std::any_of(Items.begin(), Items.end(), [&](const VehicleItem& it) {
-                    return it.wStatus == kTrue && it.wType == wType && it.wNum == num;
+            auto taken = [&](int32_t n) {
+                return std::any_of(Items.begin(), Items.end(), [&](const VehicleItem& it) {
+                    return it.wStatus == kTrue && it.wType == wType && it.wNum == n;
                 });
-                if (!taken) break;
-            }
+            };
+            while (taken(num)) ++num;
             Items.push_back(VehicleItem{wType, zI16(num), loc, kTrue});
         }
         CalcWeaponTonnages();
