@@ -3,8 +3,11 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
+# qt6-base-dev carries the CMake files of Qt Widgets, PrintSupport and Test;
+# libqt6test6 is Qt Test itself and libqt6gui6 the offscreen platform the
+# widget tests run on; libqt6svg6 is the SVG image plugin of the sheet art.
 PACKAGES=(g++ cmake ninja-build pkg-config
-  qt6-base-dev qt6-svg-dev libqt6svg6 qt6-image-formats-plugins libgl-dev
+  qt6-base-dev libqt6test6 libqt6gui6 qt6-svg-dev libqt6svg6 qt6-image-formats-plugins libgl-dev
   libgtest-dev libgmock-dev libbenchmark-dev
   fonts-liberation2 xvfb xauth poppler-utils librsvg2-bin)
 
