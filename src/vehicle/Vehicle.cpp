@@ -620,14 +620,21 @@ void Vehicle::SetWeaponsArraySize(int16_t& wAmt) {
     });
 }
 
+// A list read from a file can hold 32768 used elements, one more than the
+// count can say.
 int16_t Vehicle::WeaponCount() const {
-    return zI16(std::count_if(Items.begin(), Items.end(), [](const VehicleItem& it) { return it.wStatus == kTrue; }));
+    return zTrap<int16_t>("Vehicle.WeaponCount", 0, [&] {
+        return zI16(
+            std::count_if(Items.begin(), Items.end(), [](const VehicleItem& it) { return it.wStatus == kTrue; }));
+    });
 }
 
 int16_t Vehicle::WcUnallocatedWeapons() const {
-    return zI16(std::count_if(Items.begin(), Items.end(), [](const VehicleItem& it) {
-        return it.wStatus == kTrue && it.wLoc == kLocUnallocated;
-    }));
+    return zTrap<int16_t>("Vehicle.WcUnallocatedWeapons", 0, [&] {
+        return zI16(std::count_if(Items.begin(), Items.end(), [](const VehicleItem& it) {
+            return it.wStatus == kTrue && it.wLoc == kLocUnallocated;
+        }));
+    });
 }
 
 int16_t Vehicle::GetLocationCount() const {
@@ -648,16 +655,18 @@ int16_t Vehicle::GetLocationCount() const {
 }
 
 int16_t Vehicle::SetVehicleWeaponGlobal(int16_t wNum) const {
-    int32_t pos = 0;
-    for (size_t i = 0; i < Items.size(); ++i) {
-        if (Items[i].wStatus != kTrue) continue;
-        if (pos == wNum) {
-            gCurrentVehicleItem = Items[i];
-            return static_cast<int16_t>(i);
+    return zTrap<int16_t>("Vehicle.SetVehicleWeaponGlobal", 0, [&]() -> int16_t {
+        int32_t pos = 0;
+        for (size_t i = 0; i < Items.size(); ++i) {
+            if (Items[i].wStatus != kTrue) continue;
+            if (pos == wNum) {
+                gCurrentVehicleItem = Items[i];
+                return zI16(static_cast<int64_t>(i));
+            }
+            ++pos;
         }
-        ++pos;
-    }
-    return 0;
+        return 0;
+    });
 }
 
 void Vehicle::SetVehicleWeaponIdxGlobal(int16_t wRef) const {

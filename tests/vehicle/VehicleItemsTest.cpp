@@ -176,6 +176,26 @@ TEST_F(VehicleTest, CountsAndLocations) {
     ExpectOneReport("Vehicle.UpdateWeaponLocation", kErrSubscript);
 }
 
+TEST_F(VehicleTest, LargestListFromAFileIsReportedNotWrapped) {
+    // A file's count field can give 32768 used elements.
+    Vehicle v = Detached();
+    v.Items.assign(32768, VehicleItem{kMedLaser, 1, kLocUnallocated, kTrue});
+    EXPECT_EQ(v.WeaponCount(), 0);
+    ExpectOneReport("Vehicle.WeaponCount", kErrOverflow);
+    fake.ui.boxes.clear();
+    EXPECT_EQ(v.WcUnallocatedWeapons(), 0);
+    ExpectOneReport("Vehicle.WcUnallocatedWeapons", kErrOverflow);
+    fake.ui.boxes.clear();
+    v.NumItems = 7;
+    v.CalcItemCount();
+    ExpectOneReport("Vehicle.CalcItemCount", kErrOverflow);
+    EXPECT_EQ(v.NumItems, 7);
+    v.Items.pop_back();
+    fake.ui.boxes.clear();
+    EXPECT_EQ(v.WeaponCount(), 32767);
+    EXPECT_TRUE(fake.ui.boxes.empty());
+}
+
 TEST_F(VehicleTest, CurrentItemRecord) {
     Vehicle v = Made(kVhlTracked, 50, 4);
     v.AddWeapon(kMedLaser);
