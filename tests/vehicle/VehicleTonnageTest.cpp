@@ -234,6 +234,15 @@ TEST_F(VehicleTest, LevelThreeKeepsTheCrewAboard) {
     w.SetTonnage(31);
     EXPECT_EQ(w.NumCrew, 3);
     EXPECT_EQ(w.CrewTonnage, 0);
+
+    // The new-design case is level 3's alone: a level the editor never
+    // offers leaves the crew aboard at 0.
+    Vehicle x = Detached();
+    x.SetTechLevel(4);
+    x.SetTonnage(31);
+    EXPECT_EQ(x.BaseCrew, 3);
+    EXPECT_EQ(x.NumCrew, 0);
+    EXPECT_EQ(x.CrewTonnage, -1.5);
 }
 
 TEST_F(VehicleTest, CrewIsShownInTheWindowOnlyWhileInteractive) {
