@@ -2,6 +2,7 @@
 
 #include <QAction>
 #include <QHeaderView>
+#include <QProgressBar>
 #include <QRadioButton>
 #include <QTimer>
 #include <QTreeWidget>
@@ -12,6 +13,7 @@
 
 #include "core/Controls.h"
 #include "core/Forms.h"
+#include "core/Progress.h"
 #include "database/DatabaseOps.h"
 #include "shell/frmMain.h"
 #include "shell/qt/Binders.h"
@@ -225,5 +227,28 @@ TEST(QtMainWindow, CloseBoxAndExitRunTheWalkOnce) {
     w.ActionFor(model.mnuFileExit)->trigger();
     EXPECT_FALSE(w.isVisible());
     EXPECT_EQ(editor.asked, 3);
+    zResetDatabase();
+}
+
+TEST(QtMainWindow, ProgressAreaShowsOnlyWhileAnOperationRuns) {
+    test::AppFolder app;
+    test::ScopedFakeUi fake;
+    frmMain model;
+    model.Form_Load();
+    qt::MainWindow w(model);
+    w.show();
+    const int compact = w.height();
+    auto* bar = w.findChild<QProgressBar*>();
+    ASSERT_NE(bar, nullptr);
+    EXPECT_FALSE(bar->isVisibleTo(&w));
+    zMainProgress(40, "Saving designs");
+    zMainProgressSet(10);
+    EXPECT_TRUE(bar->isVisibleTo(&w));
+    EXPECT_EQ(bar->maximum(), 40);
+    EXPECT_EQ(bar->value(), 10);
+    EXPECT_GT(w.height(), compact);
+    zMainProgressEnd();
+    EXPECT_FALSE(bar->isVisibleTo(&w));
+    EXPECT_EQ(w.height(), compact);
     zResetDatabase();
 }

@@ -35,11 +35,13 @@ MainWindow::MainWindow(frmMain& model, QWidget* parent) : QMainWindow(parent), m
     layout->setContentsMargins(12, 6, 12, 6);
     dbLabel_ = new QLabel(central);
     dbLabel_->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    dbLabel_->setObjectName("lDatabase");
+    dbLabel_->setStyleSheet("color: #505050;");
     layout->addWidget(dbLabel_, 1);
     setCentralWidget(central);
     // The caption carries the open database's path; the label says the same
     // in words, kept in step through the caption's observer.
-    model_.Window.Subscribe([this] { RefreshDatabaseLabel(); });
+    subscriptions_.push_back({&model_.Window, model_.Window.Subscribe([this] { RefreshDatabaseLabel(); })});
     RefreshDatabaseLabel();
 
     auto* info = new QLabel(this);
@@ -49,6 +51,18 @@ MainWindow::MainWindow(frmMain& model, QWidget* parent) : QMainWindow(parent), m
     BindProgress(bar, model_.PBarMainProg);
     statusBar()->addWidget(info, 1);
     statusBar()->addPermanentWidget(bar);
+    statusBar()->setSizeGripEnabled(false);
+    // The progress area shows only while a long operation runs; afterwards
+    // the window returns to its compact height.
+    auto progress = [this] {
+        const bool shown = model_.PBarMainProg.Visible() || model_.LProgInfo.Visible();
+        if (statusBar()->isVisibleTo(this) == shown) return;
+        statusBar()->setVisible(shown);
+        FitHeight();
+    };
+    subscriptions_.push_back({&model_.PBarMainProg, model_.PBarMainProg.Subscribe(progress)});
+    subscriptions_.push_back({&model_.LProgInfo, model_.LProgInfo.Subscribe(progress)});
+    statusBar()->setVisible(false);
 
     model_.ShowSettings = [this] { ShowSettings(); };
     model_.ShowAbout = [this] { ShowAbout(); };
@@ -56,7 +70,21 @@ MainWindow::MainWindow(frmMain& model, QWidget* parent) : QMainWindow(parent), m
         walked_ = true;
         close();
     };
-    resize(760, 150);
+    resize(760, 10);
+    FitHeight();
+}
+
+MainWindow::~MainWindow() {
+    // The model may outlive this window.
+    for (auto [control, id] : subscriptions_) control->Unsubscribe(id);
+    model_.ShowSettings = nullptr;
+    model_.ShowAbout = nullptr;
+    model_.CloseWindow = nullptr;
+}
+
+void MainWindow::FitHeight() {
+    if (QLayout* l = layout()) l->activate();
+    resize(width(), minimumSizeHint().height());
 }
 
 void MainWindow::BuildMenus() {

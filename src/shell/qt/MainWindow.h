@@ -13,6 +13,7 @@ class MainWindow : public QMainWindow {
     Q_OBJECT
 public:
     explicit MainWindow(frmMain& model, QWidget* parent = nullptr);
+    ~MainWindow() override;
     frmMain& Model() { return model_; }
     QAction* ActionFor(const MenuItem& item) const;
     QAction* ToolAction(const QString& key) const;
@@ -24,11 +25,13 @@ private:
     void BuildMenus();
     void BuildToolBar();
     void RefreshDatabaseLabel();
+    void FitHeight();
     void ShowSettings();
     void ShowAbout();
 
     frmMain& model_;
     bool walked_ = false;
+    std::vector<std::pair<Control*, int>> subscriptions_;
     QLabel* dbLabel_ = nullptr;
     std::vector<std::pair<const MenuItem*, QAction*>> actions_;
     std::vector<std::pair<QString, QAction*>> toolActions_;

@@ -49,7 +49,9 @@ SplashWindow::SplashWindow(frmSplsh& model) : QWidget(nullptr, Qt::SplashScreen 
             layout->addWidget(pic, 0, Qt::AlignHCenter);
         }
     }
-    layout->addWidget(title, 0, Qt::AlignHCenter);
+    // The logo already carries the name; the plain title stands in for it.
+    if (layout->count() == 0) layout->addWidget(title, 0, Qt::AlignHCenter);
+    else title->hide();
 
     auto add = [&](const std::string& text, const char* name) {
         auto* l = new QLabel(FromModel(text), this);
