@@ -2,12 +2,6 @@
 
 #include <QApplication>
 #include <QCloseEvent>
-#include <QDialog>
-#include <QDialogButtonBox>
-#include <QFormLayout>
-#include <QGroupBox>
-#include <QCheckBox>
-#include <QComboBox>
 #include <QHBoxLayout>
 #include <QMenuBar>
 #include <QMessageBox>
@@ -21,6 +15,7 @@
 #include "database/DatabaseOps.h"
 #include "shell/qt/Binders.h"
 #include "shell/qt/Icons.h"
+#include "shell/qt/SettingsDialog.h"
 
 namespace bw::qt {
 
@@ -174,76 +169,8 @@ void MainWindow::closeEvent(QCloseEvent* e) {
 void MainWindow::ShowSettings() {
     frmSet form;
     form.Form_Load();
-    QDialog dlg(this);
-    dlg.setObjectName("frmSet");
-    dlg.setWindowTitle(tr("Preferences"));
-    auto* outer = new QVBoxLayout(&dlg);
-
-    auto* general = new QGroupBox(tr("General"), &dlg);
-    auto* gl = new QVBoxLayout(general);
-    auto* openLast = new QCheckBox(tr("Open the last database at start-up"), general);
-    auto* gift = new QCheckBox(tr("Suppress the 'Gift' message"), general);
-    auto* aero = new QCheckBox(tr("Use the printer-friendly fighter header"), general);
-    auto* expand = new QCheckBox(tr("Always expand \"selected\" equipment"), general);
-    openLast->setObjectName("CBoxOpenLast");
-    gift->setObjectName("CBoxSuppressGift");
-    aero->setObjectName("CBoxUseAltAeroHeader");
-    expand->setObjectName("CBoxExpandSel");
-    openLast->setChecked(form.CBoxOpenLast == 1);
-    gift->setChecked(form.CBoxSuppressGift == 1);
-    aero->setChecked(form.CBoxUseAltAeroHeader == 1);
-    expand->setChecked(form.CBoxExpandSel == 1);
-    for (auto* c : {openLast, gift, aero, expand}) gl->addWidget(c);
-    outer->addWidget(general);
-
-    auto combo = [&](frmSet::Combo& model, const char* name, QWidget* parent) {
-        auto* c = new QComboBox(parent);
-        c->setObjectName(name);
-        for (const auto& s : model.List) c->addItem(FromModel(s));
-        c->setCurrentIndex(model.ListIndex);
-        return c;
-    };
-    auto* defaults = new QGroupBox(tr("Defaults for new designs"), &dlg);
-    auto* form2 = new QFormLayout(defaults);
-    auto* vType = combo(form.cmboDefVHL, "cmboDefVHL", defaults);
-    auto* vBase = combo(form.cmboDefVHLBase, "cmboDefVHLBase", defaults);
-    auto* vLevel = combo(form.cmboDefVHLLevel, "cmboDefVHLLevel", defaults);
-    auto* fType = combo(form.cmboDefFTR, "cmboDefFTR", defaults);
-    auto* fBase = combo(form.cmboDefFTRBase, "cmboDefFTRBase", defaults);
-    auto* fLevel = combo(form.cmboDefFTRLevel, "cmboDefFTRLevel", defaults);
-    auto row = [](QWidget* a, QWidget* b, QWidget* c) {
-        auto* w = new QWidget;
-        auto* h = new QHBoxLayout(w);
-        h->setContentsMargins(0, 0, 0, 0);
-        h->addWidget(a, 2);
-        h->addWidget(b, 2);
-        h->addWidget(c, 1);
-        return w;
-    };
-    form2->addRow(tr("Vehicle type, base, level:"), row(vType, vBase, vLevel));
-    form2->addRow(tr("Fighter type, base, level:"), row(fType, fBase, fLevel));
-    outer->addWidget(defaults);
-
-    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, &dlg);
-    connect(buttons, &QDialogButtonBox::accepted, &dlg, &QDialog::accept);
-    connect(buttons, &QDialogButtonBox::rejected, &dlg, &QDialog::reject);
-    outer->addWidget(buttons);
-
-    if (dlg.exec() == QDialog::Accepted) {
-        form.CBoxOpenLast = openLast->isChecked() ? 1 : 0;
-        form.CBoxSuppressGift = gift->isChecked() ? 1 : 0;
-        form.CBoxUseAltAeroHeader = aero->isChecked() ? 1 : 0;
-        form.CBoxExpandSel = expand->isChecked() ? 1 : 0;
-        form.cmboDefVHL.ListIndex = static_cast<int16_t>(vType->currentIndex());
-        form.cmboDefVHLBase.ListIndex = static_cast<int16_t>(vBase->currentIndex());
-        form.cmboDefVHLLevel.ListIndex = static_cast<int16_t>(vLevel->currentIndex());
-        form.cmboDefFTR.ListIndex = static_cast<int16_t>(fType->currentIndex());
-        form.cmboDefFTRBase.ListIndex = static_cast<int16_t>(fBase->currentIndex());
-        form.cmboDefFTRLevel.ListIndex = static_cast<int16_t>(fLevel->currentIndex());
-        form.PButOK_Click();
-    } else {
-        form.PButCancel_Click();
-    }
+    SettingsDialog dlg(form, this);
+    dlg.Run();
 }
 
 void MainWindow::ShowAbout() {
