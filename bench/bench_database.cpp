@@ -67,6 +67,7 @@ Fixture& F() {
 
 std::string ReadAll(const std::string& path) {
     std::string s;
+    s.reserve(std::filesystem::file_size(path));
     std::FILE* f = std::fopen(path.c_str(), "rb");
     char buf[1 << 16];
     size_t n;

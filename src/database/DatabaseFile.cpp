@@ -1,5 +1,8 @@
 #include "database/DatabaseFile.h"
 
+#include <bit>
+#include <cstring>
+
 #include "core/BinaryIO.h"
 #include "core/Errors.h"
 #include "database/RecordFields.h"
@@ -15,7 +18,17 @@ void zWriteDatabaseHeader(BinaryWriter& w) {
 
 void zWriteDesignName(BinaryWriter& w, const std::string& name) { w.FixedPadded(name, kDesignNameLen); }
 
-std::string zReadDesignName(BinaryReader& r) { return r.FixedTrimmed(kDesignNameLen); }
+std::string zReadDesignName(BinaryReader& r) {
+    // Trimmed in place: one string per name, which tells on a large file.
+    const size_t at = r.Pos();
+    if (kDesignNameLen > r.Remaining()) zRaise(kErrInputPastEnd);
+    const char* p = r.Data().data() + at;
+    size_t b = 0, e = kDesignNameLen;
+    while (b < e && p[b] == ' ') ++b;
+    while (e > b && p[e - 1] == ' ') --e;
+    r.Seek(at + kDesignNameLen);
+    return std::string(p + b, e - b);
+}
 
 int16_t zReadItemCount(BinaryReader& r, size_t itemBytes) {
     const size_t at = r.Pos();
@@ -37,14 +50,73 @@ int16_t zReadItemCount(BinaryReader& r, size_t itemBytes) {
 
 namespace {
 
+// Inline field access over the reader's bytes, for the long runs of fields
+// of a record: the same bounds check and error as BinaryReader, without a
+// call per field. The reader's position follows when the cursor goes, and a
+// failing read leaves it where that read began.
+class Cursor {
+public:
+    explicit Cursor(BinaryReader& r)
+        : r_(r), p_(reinterpret_cast<const unsigned char*>(r.Data().data())), pos_(r.Pos()), size_(r.Size()) {}
+    ~Cursor() { r_.Seek(pos_); }
+    Cursor(const Cursor&) = delete;
+    Cursor& operator=(const Cursor&) = delete;
+
+    int16_t I16() {
+        Need(2);
+        const auto v = static_cast<uint16_t>(p_[pos_] | (p_[pos_ + 1] << 8));
+        pos_ += 2;
+        return static_cast<int16_t>(v);
+    }
+    double F64() {
+        Need(8);
+        uint64_t u = 0;
+        if constexpr (std::endian::native == std::endian::little) {
+            std::memcpy(&u, p_ + pos_, 8);
+        } else {
+            for (int i = 7; i >= 0; --i) u = (u << 8) | p_[pos_ + static_cast<size_t>(i)];
+        }
+        pos_ += 8;
+        double d;
+        std::memcpy(&d, &u, 8);
+        return d;
+    }
+
+private:
+    void Need(size_t n) const {
+        if (n > size_ - pos_) zRaise(kErrInputPastEnd);
+    }
+    BinaryReader& r_;
+    const unsigned char* p_;
+    size_t pos_, size_;
+};
+
+// The writer's counterpart: whole fields appended at once.
+struct Appender {
+    std::string& s;
+    void I16(int16_t v) const {
+        const auto u = static_cast<uint16_t>(v);
+        const char b[2] = {static_cast<char>(u & 0xFF), static_cast<char>(u >> 8)};
+        s.append(b, 2);
+    }
+    void F64(double d) const {
+        uint64_t u;
+        std::memcpy(&u, &d, 8);
+        char b[8];
+        for (int i = 0; i < 8; ++i) b[i] = static_cast<char>((u >> (8 * i)) & 0xFF);
+        s.append(b, 8);
+    }
+};
+
 struct FieldWriter {
-    BinaryWriter& w;
+    Appender w;
+    explicit FieldWriter(BinaryWriter& bw) : w{bw.Data()} {}
     void operator()(const char*, int16_t v) const { w.I16(v); }
     void operator()(const char*, double v) const { w.F64(v); }
 };
 
 struct FieldReader {
-    BinaryReader& r;
+    Cursor& r;
     void operator()(const char*, int16_t& v) const { v = r.I16(); }
     void operator()(const char*, double& v) const { v = r.F64(); }
 };
@@ -57,10 +129,11 @@ int16_t CountField(const List& list, Status status) {
     return zI16(static_cast<int64_t>(list.size()) - 1);
 }
 
-void ReadVehicleItems(BinaryReader& r, std::vector<VehicleItem>& items) {
-    const int16_t n = zReadItemCount(r, kVehicleItemBytes);
+void ReadVehicleItems(BinaryReader& br, std::vector<VehicleItem>& items) {
+    const int16_t n = zReadItemCount(br, kVehicleItemBytes);
     items.assign(n < 0 ? 1 : static_cast<size_t>(n) + 1, VehicleItem{});
     if (n < 0) return;
+    Cursor r(br);
     for (auto& it : items) {
         it.wType = r.I16();
         it.wNum = r.I16();
@@ -75,19 +148,23 @@ void zWriteVehicleRecord(BinaryWriter& w, const Vehicle& v) {
     zWriteDesignName(w, v.Name);
     zVisitVehicleFields(v, FieldWriter{w});
     const int16_t n = CountField(v.Items, [](const VehicleItem& it) { return it.wStatus; });
-    w.I16(n);
+    const Appender a{w.Data()};
+    a.I16(n);
     for (int i = 0; i <= n; ++i) {
         const VehicleItem& it = v.Items[static_cast<size_t>(i)];
-        w.I16(it.wType);
-        w.I16(it.wNum);
-        w.I16(it.wLoc);
-        w.I16(it.wStatus);
+        a.I16(it.wType);
+        a.I16(it.wNum);
+        a.I16(it.wLoc);
+        a.I16(it.wStatus);
     }
 }
 
 void zReadVehicleRecord(BinaryReader& r, Vehicle& v) {
     v.Name = zReadDesignName(r);
-    zVisitVehicleFields(v, FieldReader{r});
+    {
+        Cursor c(r);
+        zVisitVehicleFields(v, FieldReader{c});
+    }
     // Not in the file: the computer's location comes back as 0.
     v.TCLocation = 0;
     ReadVehicleItems(r, v.Items);
@@ -113,10 +190,11 @@ void WriteWeaponList(BinaryWriter& w, const std::vector<FighterWeapon>& list) {
     for (int i = 0; i <= n; ++i) WriteWeapon(w, list[static_cast<size_t>(i)]);
 }
 
-void ReadWeaponList(BinaryReader& r, std::vector<FighterWeapon>& list) {
-    const int16_t n = zReadItemCount(r, kFighterWeaponBytes);
+void ReadWeaponList(BinaryReader& br, std::vector<FighterWeapon>& list) {
+    const int16_t n = zReadItemCount(br, kFighterWeaponBytes);
     list.assign(n < 0 ? 1 : static_cast<size_t>(n) + 1, FighterWeapon{});
     if (n < 0) return;
+    Cursor r(br);
     for (auto& e : list) {
         e.wIdx = r.I16();
         e.wNum = r.I16();
@@ -180,9 +258,15 @@ void zWriteFighterRecord(BinaryWriter& w, const Fighter& f) {
 
 void zReadFighterRecord(BinaryReader& r, Fighter& f) {
     f.Name = zReadDesignName(r);
-    zVisitFighterHead(f, FieldReader{r});
+    {
+        Cursor c(r);
+        zVisitFighterHead(f, FieldReader{c});
+    }
     if (f.FighterType != kOmniFighter) {
-        zVisitFighterPlainTail(f, FieldReader{r});
+        {
+            Cursor c(r);
+            zVisitFighterPlainTail(f, FieldReader{c});
+        }
         ReadWeaponList(r, f.Weapons);
         return;
     }

@@ -53,6 +53,26 @@ std::string FindIgnoringCase(const std::string& path) {
     }
 }
 
+// The whole file in one read: a database is read through from start to end
+// anyway, and this keeps an open within a small multiple of a plain read.
+BinaryReader ReadWholeFile(const std::string& path) {
+    std::FILE* f = std::fopen(path.c_str(), "rb");
+    if (!f) zRaise(kErrFileNotFound);
+    std::string bytes;
+    if (std::fseek(f, 0, SEEK_END) == 0) {
+        const long size = std::ftell(f);
+        if (size > 0) bytes.reserve(static_cast<size_t>(size));
+        std::rewind(f);
+    }
+    char buf[1 << 16];
+    size_t n;
+    while ((n = std::fread(buf, 1, sizeof buf, f)) > 0) bytes.append(buf, n);
+    const bool failed = std::ferror(f) != 0;
+    std::fclose(f);
+    if (failed) zRaise(kErrPathFileAccess);
+    return BinaryReader(std::move(bytes));
+}
+
 void SetCaptionWithPath() {
     if (gSetMainCaption) gSetMainCaption(zAppTitle() + " - " + gDatabasePath);
 }
@@ -207,7 +227,7 @@ void zOpenDatabase(const std::string& path) {
         if (path.empty()) return;
         const std::string found = FindIgnoringCase(path);
         if (found.empty()) return;
-        BinaryReader r = BinaryReader::FromFile(found);
+        BinaryReader r = ReadWholeFile(found);
         // A file too short to hold the string is simply not certified.
         const std::string cert = r.Size() >= kDbCertificationLen ? r.FixedTrimmed(kDbCertificationLen) : std::string();
         if (cert != kDbCertification) {
@@ -264,6 +284,10 @@ void zSaveDatabase() {
         // The whole file is built in memory first, so a failing design
         // leaves the database on disk untouched.
         BinaryWriter w;
+        size_t estimate = kDbCertificationLen + 6;
+        for (const auto& v : gVehicles) estimate += kVehicleFixedBytes + kVehicleItemBytes * v->Items.size();
+        for (const auto& f : gFighters) estimate += 1024 + kFighterWeaponBytes * f->Weapons.size();
+        w.Data().reserve(estimate);
         zWriteDatabaseHeader(w);
         zCompactVHLArray();
         const int16_t nv = TableCountField(gVehicles);
