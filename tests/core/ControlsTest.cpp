@@ -5,19 +5,9 @@
 
 #include "core/Controls.h"
 #include "core/Errors.h"
+#include "support/RaisesError.h"
 
 using namespace bw;
-
-namespace {
-int32_t ErrOf(auto&& f) {
-    try {
-        f();
-    } catch (const RunError& e) {
-        return e.Number();
-    }
-    return 0;
-}
-}  // namespace
 
 TEST(ScrollBarModel, ChangeFiresAtOnceAndReentersOtherControls) {
     ScrollBar tonnage, speed;
@@ -56,7 +46,7 @@ TEST(ScrollBarModel, EqualValueAndHeldLimitFireNothing) {
 TEST(ScrollBarModel, OutOfRangeIsInvalidPropertyValue) {
     ScrollBar s;
     s.SetMax(10);
-    EXPECT_EQ(ErrOf([&] { s.SetValue(11); }), kErrInvalidPropertyValue);
+    EXPECT_EQ(test::ErrNumberOf([&] { s.SetValue(11); }), kErrInvalidPropertyValue);
     EXPECT_EQ(s.Value(), 0);
 }
 
@@ -126,7 +116,7 @@ TEST(ListControlModel, SelectionItemDataAndRemoval) {
     c.RemoveItem(0);
     EXPECT_EQ(c.ListIndex(), 1);
     EXPECT_EQ(c.Text(), "Hover");
-    EXPECT_EQ(ErrOf([&] { c.SetListIndex(5); }), kErrInvalidPropertyValue);
+    EXPECT_EQ(test::ErrNumberOf([&] { c.SetListIndex(5); }), kErrInvalidPropertyValue);
     ListBox sorted;
     sorted.Sorted = true;
     for (auto s : {"b", "c", "a"}) sorted.AddItem(s);
@@ -139,7 +129,7 @@ TEST(ListViewModel, KeysAreUniqueAndSortIsByText) {
     lv.Add("v0", "Alpha").SetSubItem(3, "20");
     lv.Add("v1", "Bravo").SetSubItem(3, "100");
     lv.Add("v2", "Charlie").SetSubItem(3, "5");
-    EXPECT_EQ(ErrOf([&] { lv.Add("v1", "again"); }), kErrKeyNotUnique);
+    EXPECT_EQ(test::ErrNumberOf([&] { lv.Add("v1", "again"); }), kErrKeyNotUnique);
     lv.SortByColumn(3);
     // As text: "100" < "20" < "5".
     EXPECT_EQ(lv.Item(0).Key, "v1");
@@ -159,8 +149,8 @@ TEST(TreeViewModel, KeysParentsRemovalAndExpandEvent) {
     tv.Add("Energy", "w1-0", "Medium Laser");
     tv.Add("w1-0", "w1-0x", "child");
     tv.Add("", "Missile", "Missiles");
-    EXPECT_EQ(ErrOf([&] { tv.Add("", "Energy", "dup"); }), kErrKeyNotUnique);
-    EXPECT_EQ(ErrOf([&] { tv.Add("nope", "k", "t"); }), kErrElementNotFound);
+    EXPECT_EQ(test::ErrNumberOf([&] { tv.Add("", "Energy", "dup"); }), kErrKeyNotUnique);
+    EXPECT_EQ(test::ErrNumberOf([&] { tv.Add("nope", "k", "t"); }), kErrElementNotFound);
     std::string expanded;
     tv.Expand = [&](const std::string& k) { expanded = k; };
     tv.SetExpanded("Energy", true);

@@ -4,30 +4,18 @@
 
 #include "core/Errors.h"
 #include "support/FakeUi.h"
+#include "support/RaisesError.h"
 
 using namespace bw;
-
-namespace {
-
-int32_t ErrNumberOf(auto&& f) {
-    try {
-        f();
-    } catch (const RunError& e) {
-        return e.Number();
-    }
-    return 0;
-}
-
-}  // namespace
 
 TEST(CheckedArithmetic, NarrowingRaisesOverflowAtTheEdges) {
     EXPECT_EQ(zI16(32767), 32767);
     EXPECT_EQ(zI16(-32768), -32768);
-    EXPECT_EQ(ErrNumberOf([] { zI16(32768); }), kErrOverflow);
-    EXPECT_EQ(ErrNumberOf([] { zI16(-32769); }), kErrOverflow);
-    EXPECT_EQ(ErrNumberOf([] { zI16(int32_t{300} * 300); }), kErrOverflow);
+    EXPECT_EQ(test::ErrNumberOf([] { zI16(32768); }), kErrOverflow);
+    EXPECT_EQ(test::ErrNumberOf([] { zI16(-32769); }), kErrOverflow);
+    EXPECT_EQ(test::ErrNumberOf([] { zI16(int32_t{300} * 300); }), kErrOverflow);
     EXPECT_EQ(zI32(2147483647LL), 2147483647);
-    EXPECT_EQ(ErrNumberOf([] { zI32(2147483648LL); }), kErrOverflow);
+    EXPECT_EQ(test::ErrNumberOf([] { zI32(2147483648LL); }), kErrOverflow);
 }
 
 TEST(CheckedArithmetic, ConversionRoundsHalfToEven) {
@@ -38,15 +26,15 @@ TEST(CheckedArithmetic, ConversionRoundsHalfToEven) {
     EXPECT_EQ(zCInt(2.5000001), 3);
     EXPECT_EQ(zCLng(12.75), 13);
     EXPECT_EQ(zCInt(32767.4), 32767);
-    EXPECT_EQ(ErrNumberOf([] { zCInt(32767.5); }), kErrOverflow);  // rounds to 32768
-    EXPECT_EQ(ErrNumberOf([] { zCInt(std::nan("")); }), kErrOverflow);
-    EXPECT_EQ(ErrNumberOf([] { zCLng(3e9); }), kErrOverflow);
+    EXPECT_EQ(test::ErrNumberOf([] { zCInt(32767.5); }), kErrOverflow);  // rounds to 32768
+    EXPECT_EQ(test::ErrNumberOf([] { zCInt(std::nan("")); }), kErrOverflow);
+    EXPECT_EQ(test::ErrNumberOf([] { zCLng(3e9); }), kErrOverflow);
 }
 
 TEST(CheckedArithmetic, DivisionByZeroIsError11) {
     EXPECT_EQ(zDiv16(7, 2), 3);
-    EXPECT_EQ(ErrNumberOf([] { zDiv16(1, 0); }), kErrDivByZero);
-    EXPECT_EQ(ErrNumberOf([] { zDiv16(-32768, -1); }), kErrOverflow);
+    EXPECT_EQ(test::ErrNumberOf([] { zDiv16(1, 0); }), kErrDivByZero);
+    EXPECT_EQ(test::ErrNumberOf([] { zDiv16(-32768, -1); }), kErrOverflow);
 }
 
 TEST(ErrorReporter, ShowsTheExactTextInACriticalBoxTitledError) {

@@ -5,19 +5,11 @@
 #include "refdata/Weapons.h"
 #include "refdata/frmWData.h"
 #include "support/FakeUi.h"
+#include "support/RaisesError.h"
 
 using namespace bw;
 
 namespace {
-
-int32_t ErrNumberOf(auto&& f) {
-    try {
-        f();
-    } catch (const RunError& e) {
-        return e.Number();
-    }
-    return 0;
-}
 
 struct Bands {
     int16_t s, m, l;
@@ -63,8 +55,8 @@ TEST(WeaponDataTexts, RangeBands) {
 }
 
 TEST(WeaponDataTexts, BandAfterTheLargestSixteenBitEndOverflows) {
-    EXPECT_EQ(ErrNumberOf([] { zWpnMedRangeText(32767, 5); }), kErrOverflow);
-    EXPECT_EQ(ErrNumberOf([] { zWpnLongRangeText(32767, 5, "Hex"); }), kErrOverflow);
+    EXPECT_EQ(test::ErrNumberOf([] { zWpnMedRangeText(32767, 5); }), kErrOverflow);
+    EXPECT_EQ(test::ErrNumberOf([] { zWpnLongRangeText(32767, 5, "Hex"); }), kErrOverflow);
     EXPECT_EQ(zWpnLongRangeText(32766, 32767, "Hex"), "32767");
 }
 
