@@ -139,6 +139,24 @@ void frmMain::Form_Load() {
     });
 }
 
+void frmMain::zSetStartPos(int32_t& left, int32_t& top, int32_t width, int32_t height) {
+    zTrapVoid("zSetStartPos", [&] {
+        int32_t x = zI32(int64_t{wStartLeft} + int64_t{wStartCount} * 120);
+        int32_t y = zI32(int64_t{wStartTop} + int64_t{wStartCount} * 120);
+        if (int64_t{x} + width > ScreenWidth) {
+            x = Left + 500;
+            wStartLeft = x;
+        }
+        if (int64_t{y} + height > ScreenHeight) {
+            y = Top + Height + 120;
+            wStartTop = y;
+        }
+        top = y;
+        left = x;
+        wStartCount = zI32(int64_t{wStartCount} + 1);
+    });
+}
+
 void frmMain::Unimplemented() {
     zMsgBox("This feature is not yet implemented.", MsgButtons::OK, MsgIcon::None, "Not Implemented");
 }

@@ -60,6 +60,12 @@ public:
 
     // The cascade origin for new windows (twips).
     int32_t wStartLeft = 0, wStartTop = 0, wStartCount = 0;
+    // The screen in twips; the window system sets it (1024x768 at 96 dpi
+    // until then).
+    int32_t ScreenWidth = 15360, ScreenHeight = 11520;
+    // Places a new window (left, top, width, height in twips) on the
+    // cascade, restarting across or down where it would leave the screen.
+    void zSetStartPos(int32_t& left, int32_t& top, int32_t width, int32_t height);
 
     // The menus in display order, each with its items (for the binding).
     struct Menu {

@@ -174,3 +174,30 @@ TEST_F(MainFixture, LastDatabaseIsStoredWhenAskedEvenIfRefused) {
     m.Form_Unload(cancel);
     EXPECT_EQ(fake.settings.Get("General", "LastDB", "<none>"), "/data/my designs.bwd");
 }
+
+TEST_F(MainFixture, NewWindowsCascadeAndRestartAtTheScreenEdge) {
+    frmMain m;
+    m.Form_Load();
+    int32_t l1 = 0, t1 = 0, l2 = 0, t2 = 0;
+    m.zSetStartPos(l1, t1, 9000, 6000);
+    m.zSetStartPos(l2, t2, 9000, 6000);
+    EXPECT_EQ(l1, 1000);
+    EXPECT_EQ(t1, 1805);
+    EXPECT_EQ(l2 - l1, 120);
+    EXPECT_EQ(t2 - t1, 120);
+    EXPECT_EQ(m.wStartCount, 2);
+
+    // Far down the cascade a window would pass the screen: it restarts at
+    // the origin, and the origin moves only in the direction that overflowed.
+    m.ScreenWidth = 30000;
+    m.ScreenHeight = 1805 + 6000 + 240;
+    int32_t l3 = 0, t3 = 0;
+    m.zSetStartPos(l3, t3, 9000, 6000);
+    EXPECT_EQ(l3, 1000 + 240);
+    EXPECT_EQ(t3, 1805 + 240);
+    m.zSetStartPos(l3, t3, 9000, 6000);
+    EXPECT_EQ(l3, 1000 + 360);
+    EXPECT_EQ(t3, 1805);
+    EXPECT_EQ(m.wStartTop, 1805);
+    EXPECT_TRUE(fake.ui.boxes.empty());
+}

@@ -103,6 +103,8 @@ void QtStartupHost::LoadMainWindow() {
     if (QScreen* s = QGuiApplication::primaryScreen()) {
         // The model places the window in twips; 15 twips a pixel at 96 dpi.
         QRect avail = s->availableGeometry();
+        model_->ScreenWidth = avail.width() * 15;
+        model_->ScreenHeight = avail.height() * 15;
         window_->move(avail.left() + model_->Left / 15, avail.top() + model_->Top / 15);
     }
 }
