@@ -1,0 +1,154 @@
+// The design and its editor calling each other: what the window finds when
+// the design asks it to refresh, and a window that writes back at once.
+#include <gtest/gtest.h>
+
+#include "core/Controls.h"
+#include "VehicleTestSupport.h"
+
+using namespace bw;
+using namespace bw::test;
+
+namespace {
+
+// Refreshes as the editor does, from inside the design's call: rebuilds the
+// selected tree and the totals, and notes what it saw.
+class RefreshingWindow : public VehicleWindow {
+public:
+    Vehicle* vhl = nullptr;
+    TreeView tv{"tvSelectedEq"};
+    double totalSeen = -1;
+    std::string parentOfFirstItem;
+    int crewCalls = 0;
+    bool writeCrewBack = false;
+
+    void zUpdateWeapons() override {
+        vhl->UpdateSelectedWeapons(tv);
+        vhl->CalcTotalTonnage();
+        totalSeen = vhl->TotalTonnage;
+        const TreeView::Node* n = tv.Find("w" + std::to_string(vhl->Items[0].wType) + "-1");
+        parentOfFirstItem = n ? n->ParentKey : "";
+    }
+    // Setting the crew text runs its change command, which sets the crew.
+    void zShowCrew(int16_t wCrew) override {
+        ++crewCalls;
+        if (writeCrewBack) vhl->SetCrew(wCrew);
+    }
+};
+
+}  // namespace
+
+TEST_F(VehicleTest, WindowRefreshSeesTheTurretAlreadyTakenOff) {
+    Vehicle v;
+    RefreshingWindow win;
+    win.vhl = &v;
+    v.frm = &win;
+    v.SetTechLevel(2);
+    v.SetTonnage(50);
+    v.SetCruiseSpeed(4);
+    v.CalcEngineRating();
+    v.SetTurret(1);
+    v.AddWeapon(kAC5);
+    v.UpdateWeaponLocation(0, kLocTurret);
+    v.CalcWeaponTonnages();
+    v.CalcTotalTonnage();
+    const double withTurret = v.TotalTonnage;
+    ASSERT_EQ(v.TurretTonnage, 1);
+
+    v.SetTurret(0);
+    // The item is back in "Not Allocated" and the turret's ton is gone before
+    // the window is asked to show anything.
+    EXPECT_EQ(win.parentOfFirstItem, "loc-1");
+    EXPECT_EQ(win.totalSeen, withTurret - 1);
+    EXPECT_EQ(win.tv.Find("loc4"), nullptr);
+
+    v.SetSponsonTurrets(1);
+    v.UpdateWeaponLocation(0, kLocRightSponson);
+    v.SetSponsonTurrets(0);
+    EXPECT_EQ(win.parentOfFirstItem, "loc-1");
+    EXPECT_EQ(v.SponsonTurretTonnage, 0);
+}
+
+TEST_F(VehicleTest, WindowRefreshSeesTheMastMountPlaceCleared) {
+    Vehicle v;
+    RefreshingWindow win;
+    win.vhl = &v;
+    v.frm = &win;
+    v.SetType(kVhlVTOL);
+    v.SetTonnage(20);
+    v.AddWeapon(kMedLaser);
+    v.UpdateWeaponLocation(0, kLocSecondTurret);
+    v.SetMastMount(1);
+    EXPECT_EQ(win.parentOfFirstItem, "loc-1");
+    // The mast's half ton is in the total the window computed.
+    EXPECT_EQ(v.MastMountTonnage, 0.5);
+    Vehicle bare = v;
+    bare.frm = nullptr;
+    bare.MastMountTonnage = 0;
+    bare.CalcTotalTonnage();
+    EXPECT_EQ(win.totalSeen, bare.TotalTonnage + 0.5);
+}
+
+TEST_F(VehicleTest, CrewWrittenBackByTheWindowSettles) {
+    // The crew figure goes to a text box whose change sets the crew again:
+    // the design must come out of that with its crew and tonnage agreeing.
+    Vehicle v;
+    RefreshingWindow win;
+    win.vhl = &v;
+    win.writeCrewBack = true;
+    v.frm = &win;
+    v.SetTechLevel(1);
+    v.SetTonnage(45);  // crew 3
+    EXPECT_EQ(win.crewCalls, 1);
+    EXPECT_EQ(v.BaseCrew, 3);
+    EXPECT_EQ(v.NumCrew, 3);
+    EXPECT_EQ(v.CrewTonnage, 0);
+
+    // Level 3: once a design has a crew, a new tonnage leaves the crew aboard
+    // and shows nothing.
+    Vehicle w;
+    RefreshingWindow win3;
+    win3.vhl = &w;
+    win3.writeCrewBack = true;
+    w.frm = &win3;
+    w.SetTechLevel(3);
+    w.SetTonnage(5);
+    EXPECT_EQ(win3.crewCalls, 1);
+    w.SetCrew(4);
+    w.SetTonnage(90);  // crew 6 needed, 4 aboard
+    EXPECT_EQ(win3.crewCalls, 1);
+    EXPECT_EQ(w.BaseCrew, 6);
+    EXPECT_EQ(w.NumCrew, 4);
+    EXPECT_EQ(w.CrewTonnage, -1);
+}
+
+TEST_F(VehicleTest, InstanceNumbersFillGapsPerRow) {
+    Vehicle v = Made(kVhlTracked, 100, 2);
+    for (int i = 0; i < 4; ++i) v.AddWeapon(kMedLaser);
+    v.AddWeapon(kAC5);
+    v.RemoveWeapon(kMedLaser, 2);
+    v.RemoveWeapon(kMedLaser, 3);
+    // Another row's numbers are its own.
+    v.AddWeapon(kAC5);
+    EXPECT_EQ(v.Items.back(), (VehicleItem{kAC5, 2, kLocUnallocated, kTrue}));
+    v.AddWeapon(kMedLaser);
+    EXPECT_EQ(v.Items.back().wNum, 2);
+    v.AddWeapon(kMedLaser);
+    EXPECT_EQ(v.Items.back().wNum, 3);
+    v.AddWeapon(kMedLaser);
+    EXPECT_EQ(v.Items.back().wNum, 5);
+    // Removing by a number that belongs to another row removes nothing.
+    v.RemoveWeapon(kLargeLaser, 1);
+    EXPECT_EQ(v.WeaponCount(), 7);
+}
+
+TEST_F(VehicleTest, CurrentItemRecordIgnoresPositionsOutOfRange) {
+    Vehicle v = Made(kVhlTracked, 50, 4);
+    v.AddWeapon(kMedLaser);
+    gCurrentVehicleItem = VehicleItem{7, 7, 7, 7};
+    EXPECT_EQ(v.SetVehicleWeaponGlobal(-1), 0);
+    EXPECT_EQ(gCurrentVehicleItem, (VehicleItem{7, 7, 7, 7}));
+    v.ClearWeapons();
+    EXPECT_EQ(v.SetVehicleWeaponGlobal(0), 0);  // no used item at all
+    EXPECT_EQ(gCurrentVehicleItem, (VehicleItem{7, 7, 7, 7}));
+    EXPECT_TRUE(fake.ui.boxes.empty());
+}
