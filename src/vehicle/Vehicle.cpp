@@ -232,7 +232,10 @@ void Vehicle::CalcEngineRating() {
     zTrapVoid("Vehicle.CalcEngineRating", [&] {
         // Not rounded to a multiple of five: a rating off the table weighs
         // 100 tons before the multiplier, which keeps such a speed out.
-        EngineRating = zI16(int64_t{CruiseSpeed} * Tonnage - SuspensionFactor);
+        // The product is a 16-bit value of its own: it overflows above 32767
+        // even where the suspension factor would bring the rating back.
+        const int16_t product = zI16(int64_t{CruiseSpeed} * Tonnage);
+        EngineRating = zI16(int64_t{product} - SuspensionFactor);
         CalcEngineTonnage();
     });
 }
@@ -541,7 +544,7 @@ void Vehicle::SetArmorLoc(int16_t wLoc, int16_t wAmt) {
             case kLocFrontLeft: FrontLeftArmor = wAmt; break;
             case kLocRearRight: RearRightArmor = wAmt; break;
             case kLocRearLeft: RearLeftArmor = wAmt; break;
-            default: return;  // sponsons and the body take no armor
+            default: break;  // sponsons and the body take no armor; the points are still recomputed
         }
         zCalcArmorPoints();
     });

@@ -152,3 +152,34 @@ TEST_F(VehicleTest, CurrentItemRecordIgnoresPositionsOutOfRange) {
     EXPECT_EQ(gCurrentVehicleItem, (VehicleItem{7, 7, 7, 7}));
     EXPECT_TRUE(fake.ui.boxes.empty());
 }
+
+TEST_F(VehicleTest, RatingProductOverflowsBeforeTheSuspension) {
+    // 656 * 50 = 32800 does not fit, although 32800 - 235 would.
+    Vehicle v = Made(kVhlHover, 50, 5);
+    ASSERT_EQ(v.EngineRating, 15);
+    v.SetCruiseSpeed(656);
+    v.CalcEngineRating();
+    ExpectOneReport("Vehicle.CalcEngineRating", kErrOverflow);
+    EXPECT_EQ(v.EngineRating, 15);
+    // The largest product that fits.
+    fake.ui.boxes.clear();
+    v.SetTonnage(1);  // suspension 40
+    v.SetCruiseSpeed(32767);
+    fake.ui.boxes.clear();
+    v.CalcEngineRating();
+    EXPECT_TRUE(fake.ui.boxes.empty());
+    EXPECT_EQ(v.EngineRating, 32727);
+}
+
+TEST_F(VehicleTest, ArmorLocationWithoutArmorStillRecomputesThePoints) {
+    Vehicle v = Made(kVhlTracked, 50, 4);
+    v.SetArmorLoc(kLocFront, 20);
+    v.ArmorTonnage = 2;  // written directly, as loading does
+    v.SetArmorLoc(kLocLeftSponson, 5);
+    EXPECT_EQ(v.ArmorPoints, 32);
+    EXPECT_EQ(v.ArmorAllocated, 20);
+    v.ArmorTonnage = 3;
+    v.SetArmorLoc(kLocBody, 5);
+    EXPECT_EQ(v.ArmorPoints, 48);
+    EXPECT_EQ(v.ArmorAllocated, 20);
+}
