@@ -126,7 +126,7 @@ void ListControl::AddItem(const std::string& text, int32_t index) {
         if (index > ListCount()) zRaise(kErrInvalidPropertyValue, "Invalid property value");
         at = static_cast<size_t>(index);
     }
-    items_.insert(items_.begin() + static_cast<std::ptrdiff_t>(at), Item{text, 0});
+    items_.insert(items_.begin() + static_cast<std::ptrdiff_t>(at), Item{text, 0, false});
     if (listIndex_ >= static_cast<int32_t>(at)) ++listIndex_;
     Notify();
 }
@@ -142,6 +142,31 @@ void ListControl::Clear() {
     listIndex_ = -1;
     editText_.clear();
     Notify();
+}
+bool ListControl::Selected(int32_t i) const {
+    if (i < 0 || i >= ListCount()) zRaise(kErrInvalidPropertyValue, "Invalid property array index");
+    return MultiSelect ? items_[static_cast<size_t>(i)].selected : i == listIndex_;
+}
+void ListControl::SetSelected(int32_t i, bool selected) {
+    if (i < 0 || i >= ListCount()) zRaise(kErrInvalidPropertyValue, "Invalid property array index");
+    if (!MultiSelect) {
+        if (selected) SetListIndex(i);
+        else if (i == listIndex_) SetListIndex(-1);
+        return;
+    }
+    Item& it = items_[static_cast<size_t>(i)];
+    if (it.selected == selected) return;
+    it.selected = selected;
+    if (selected && listIndex_ != i) {
+        listIndex_ = i;
+        editText_ = it.text;
+    }
+    Notify();
+    if (Click) Click();
+}
+int32_t ListControl::SelCount() const {
+    if (!MultiSelect) return listIndex_ >= 0 ? 1 : 0;
+    return static_cast<int32_t>(std::count_if(items_.begin(), items_.end(), [](const Item& it) { return it.selected; }));
 }
 void ListControl::SetListIndex(int32_t i) {
     if (i < -1 || i >= ListCount()) zRaise(kErrInvalidPropertyValue, "Invalid property value");

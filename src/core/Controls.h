@@ -171,6 +171,14 @@ public:
     std::string Text() const;
     void SetText(const std::string& t);
     bool Sorted = false;
+    // A list that lets the user pick several lines. Without it a line's
+    // selected flag is simply whether it is the ListIndex line.
+    bool MultiSelect = false;
+    bool Selected(int32_t i) const;
+    // Marks a line (multi-select: also makes it the ListIndex line when
+    // marking; single-select: the same as choosing or clearing ListIndex).
+    void SetSelected(int32_t i, bool selected);
+    int32_t SelCount() const;
 
     std::function<void()> Click;   // a new selection
     std::function<void()> Change;  // typing in a combo's edit part
@@ -180,6 +188,7 @@ private:
     struct Item {
         std::string text;
         int32_t data = 0;
+        bool selected = false;
     };
     std::vector<Item> items_;
     int32_t listIndex_ = -1;

@@ -124,6 +124,35 @@ TEST(ListControlModel, SelectionItemDataAndRemoval) {
     EXPECT_EQ(sorted.List(2), "c");
 }
 
+TEST(ListControlModel, SelectedFlagsSingleAndMulti) {
+    ListBox single;
+    for (auto s : {"Bulldog", "Zephyr", "Harasser"}) single.AddItem(s);
+    single.SetSelected(1, true);
+    EXPECT_EQ(single.ListIndex(), 1);
+    EXPECT_FALSE(single.Selected(0));
+    single.SetSelected(0, false);  // not the chosen line: nothing changes
+    EXPECT_EQ(single.ListIndex(), 1);
+    single.SetSelected(1, false);
+    EXPECT_EQ(single.ListIndex(), -1);
+    EXPECT_EQ(single.SelCount(), 0);
+
+    ListBox multi;
+    multi.MultiSelect = true;
+    int clicks = 0;
+    multi.Click = [&] { ++clicks; };
+    for (auto s : {"Bulldog", "Zephyr", "Harasser"}) multi.AddItem(s);
+    multi.SetSelected(0, true);
+    multi.SetSelected(2, true);
+    multi.SetSelected(2, true);  // already marked: no event
+    EXPECT_EQ(clicks, 2);
+    EXPECT_EQ(multi.SelCount(), 2);
+    EXPECT_EQ(multi.ListIndex(), 2);
+    multi.RemoveItem(0);  // the mark leaves with its line
+    EXPECT_EQ(multi.SelCount(), 1);
+    EXPECT_TRUE(multi.Selected(1));
+    EXPECT_EQ(test::ErrNumberOf([&] { multi.Selected(3); }), kErrInvalidPropertyValue);
+}
+
 TEST(ListViewModel, KeysAreUniqueAndSortIsByText) {
     ListView lv;
     lv.Add("v0", "Alpha").SetSubItem(3, "20");

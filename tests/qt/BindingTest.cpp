@@ -2,6 +2,7 @@
 
 #include <QAction>
 #include <QHeaderView>
+#include <QListWidget>
 #include <QProgressBar>
 #include <QRadioButton>
 #include <QTimer>
@@ -251,4 +252,37 @@ TEST(QtMainWindow, ProgressAreaShowsOnlyWhileAnOperationRuns) {
     EXPECT_FALSE(bar->isVisibleTo(&w));
     EXPECT_EQ(w.height(), compact);
     zResetDatabase();
+}
+
+TEST(QtBinding, ListBoxSelectionBothWaysSingleAndMulti) {
+    ListBox single("LBoxSel");
+    for (auto s : {"Bulldog", "Zephyr", "Harasser"}) single.AddItem(s);
+    int clicks = 0;
+    single.Click = [&] { ++clicks; };
+    QListWidget w;
+    qt::BindListBox(&w, single);
+    ASSERT_EQ(w.count(), 3);
+    w.item(2)->setSelected(true);  // as the user picks a line
+    EXPECT_EQ(single.ListIndex(), 2);
+    EXPECT_EQ(clicks, 1);
+    single.SetListIndex(0);
+    EXPECT_TRUE(w.item(0)->isSelected());
+    EXPECT_FALSE(w.item(2)->isSelected());
+    EXPECT_EQ(clicks, 2);  // the model's own event, not echoed
+    QTest::mouseClick(w.viewport(), Qt::LeftButton, {}, w.visualItemRect(w.item(1)).center());
+    EXPECT_EQ(single.ListIndex(), 1);  // moving the choice keeps the new line
+    EXPECT_TRUE(w.item(1)->isSelected());
+    EXPECT_EQ(clicks, 3);
+
+    ListBox multi("LBoxVhls");
+    multi.MultiSelect = true;
+    for (auto s : {"Bulldog", "Zephyr", "Harasser"}) multi.AddItem(s);
+    QListWidget m;
+    qt::BindListBox(&m, multi);
+    m.item(0)->setSelected(true);
+    m.item(2)->setSelected(true);
+    EXPECT_EQ(multi.SelCount(), 2);
+    multi.SetSelected(0, false);
+    EXPECT_FALSE(m.item(0)->isSelected());
+    EXPECT_TRUE(m.item(2)->isSelected());
 }

@@ -131,12 +131,26 @@ void BindListBox(QListWidget* w, ListBox& c) {
             x->clear();
             x->addItems(items);
         }
-        x->setCurrentRow(c.ListIndex());
+        x->setSelectionMode(c.MultiSelect ? QAbstractItemView::MultiSelection : QAbstractItemView::SingleSelection);
+        x->setCurrentRow(c.ListIndex(), QItemSelectionModel::NoUpdate);
+        for (int i = 0; i < x->count(); ++i) x->item(i)->setSelected(c.Selected(i));
         x->setVisible(c.Visible());
         x->setEnabled(c.Enabled());
     });
-    QObject::connect(w, &QListWidget::currentRowChanged, [&c](int row) {
-        if (row >= 0) zTrapVoid(c.Name.c_str(), [&] { c.SetListIndex(row); });
+    QObject::connect(w, &QListWidget::itemSelectionChanged, [&c, w] {
+        zTrapVoid(c.Name.c_str(), [&] {
+            // Read the widget before touching the model: the model's events
+            // refresh the widget in between.
+            std::vector<bool> marks;
+            for (int i = 0; i < w->count() && i < c.ListCount(); ++i) marks.push_back(w->item(i)->isSelected());
+            if (!c.MultiSelect) {
+                auto at = std::find(marks.begin(), marks.end(), true);
+                c.SetListIndex(at == marks.end() ? -1 : static_cast<int32_t>(at - marks.begin()));
+                return;
+            }
+            for (size_t i = 0; i < marks.size(); ++i)
+                if (marks[i] != c.Selected(static_cast<int32_t>(i))) c.SetSelected(static_cast<int32_t>(i), marks[i]);
+        });
     });
     QObject::connect(w, &QListWidget::itemDoubleClicked, [&c](QListWidgetItem*) {
         if (c.DblClick) c.DblClick();
