@@ -574,15 +574,17 @@ int16_t Vehicle::AddWeapon(int16_t wType) {
         if (Items.front().wStatus == kFalse) {
             Items.front() = VehicleItem{wType, 1, loc, kTrue};
         } else {
-            // The smallest number that this row does not use.
-            int32_t num = 1;
-            auto taken = [&](int32_t n) {
-                return std::any_of(Items.begin(), Items.end(), [&](const VehicleItem& it) {
-                    return it.wStatus == kTrue && it.wType == wType && it.wNum == n;
-                });
-            };
-            while (taken(num)) ++num;
-            Items.push_back(VehicleItem{wType, zI16(num), loc, kTrue});
+            // The smallest number that this row does not use. It is never above
+            // the count of elements plus one, so one pass marks all candidates
+            // (a list read from a file can hold tens of thousands of items).
+            std::vector<bool> taken(Items.size() + 2, false);
+            for (const VehicleItem& it : Items)
+                if (it.wStatus == kTrue && it.wType == wType && it.wNum >= 1 &&
+                    static_cast<size_t>(it.wNum) < taken.size())
+                    taken[static_cast<size_t>(it.wNum)] = true;
+            size_t num = 1;
+            while (taken[num]) ++num;
+            Items.push_back(VehicleItem{wType, zI16(static_cast<int64_t>(num)), loc, kTrue});
         }
         CalcWeaponTonnages();
         CalcItemCount();

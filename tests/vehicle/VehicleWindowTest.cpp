@@ -183,3 +183,23 @@ TEST_F(VehicleTest, ArmorLocationWithoutArmorStillRecomputesThePoints) {
     EXPECT_EQ(v.ArmorPoints, 48);
     EXPECT_EQ(v.ArmorAllocated, 20);
 }
+
+TEST_F(VehicleTest, InstanceNumberPastTheLimitIsReportedNotWrapped) {
+    // A list read from a file that already numbers one ammunition 1 to
+    // 32767 (ammunition, so the slot and heat sums stay small).
+    Vehicle v = Detached();
+    v.Items.clear();
+    for (int32_t n = 1; n <= 32767; ++n) v.Items.push_back(VehicleItem{kAC5Ammo, static_cast<int16_t>(n), kLocBody, kTrue});
+    v.MaxItems = 1;
+    EXPECT_EQ(v.AddWeapon(kAC5Ammo), kFalse);
+    ExpectOneReport("Vehicle.AddWeapon", kErrOverflow);
+    EXPECT_EQ(v.Items.size(), 32767u);
+
+    // A gap is still found, and numbers outside 1..32767 in the file are no
+    // obstacle.
+    fake.ui.boxes.clear();
+    v.Items[40000 % 32767].wNum = -5;  // frees number 7234
+    EXPECT_EQ(v.AddWeapon(kAC5Ammo), kTrue);
+    EXPECT_EQ(v.Items.back().wNum, 7234);
+    EXPECT_TRUE(fake.ui.boxes.empty());
+}
