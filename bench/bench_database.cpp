@@ -66,12 +66,9 @@ Fixture& F() {
 }
 
 std::string ReadAll(const std::string& path) {
-    std::string s;
-    s.reserve(std::filesystem::file_size(path));
+    std::string s(std::filesystem::file_size(path), '\0');
     std::FILE* f = std::fopen(path.c_str(), "rb");
-    char buf[1 << 16];
-    size_t n;
-    while ((n = std::fread(buf, 1, sizeof buf, f)) > 0) s.append(buf, n);
+    s.resize(std::fread(s.data(), 1, s.size(), f));
     std::fclose(f);
     return s;
 }

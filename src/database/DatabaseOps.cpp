@@ -59,10 +59,14 @@ BinaryReader ReadWholeFile(const std::string& path) {
     std::FILE* f = std::fopen(path.c_str(), "rb");
     if (!f) zRaise(kErrFileNotFound);
     std::string bytes;
-    if (std::fseek(f, 0, SEEK_END) == 0) {
-        const long size = std::ftell(f);
-        if (size > 0) bytes.reserve(static_cast<size_t>(size));
-        std::rewind(f);
+    long size = -1;
+    if (std::fseek(f, 0, SEEK_END) == 0) size = std::ftell(f);
+    std::rewind(f);
+    // Straight into the string when the size is known; then whatever more
+    // the file turns out to hold.
+    if (size > 0) {
+        bytes.resize(static_cast<size_t>(size));
+        bytes.resize(std::fread(bytes.data(), 1, bytes.size(), f));
     }
     char buf[1 << 16];
     size_t n;
