@@ -146,8 +146,10 @@ Fighter DistinctFighter(int16_t type) {
     return f;
 }
 
-TEST_F(DatabaseFile, PlainFighterMatchesTheLayoutWithItsHolesSqueezedOut) {
-    Fighter f = DistinctFighter(1);
+TEST_F(DatabaseFile, PlainFightersMatchTheLayoutWithTheirHolesSqueezedOut) {
+  for (int16_t type : {int16_t{0}, int16_t{1}}) {
+    SCOPED_TRACE(type);
+    Fighter f = DistinctFighter(type);
     f.Weapons = {{4, 1, 0, -1, 0, 0}, {5, 1, 0, 0, -1, -1}, {6, 2, 0, -1, 3, 1}};
     Bytes want;
     want.Text("Sabre", 50);
@@ -175,6 +177,7 @@ TEST_F(DatabaseFile, PlainFighterMatchesTheLayoutWithItsHolesSqueezedOut) {
     f.Weapons = {{4, 1, 0, 0, 0, 0}};
     const std::string none = Written(f);
     EXPECT_EQ(none.substr(none.size() - 2), Bytes().I16(-1).str());
+  }
 }
 
 Fighter OmniFighter(int16_t locked) {

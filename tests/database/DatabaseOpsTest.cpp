@@ -379,6 +379,27 @@ TEST_F(DatabaseOps, OpeningAMissingFileOrNothingSaysNothing) {
     EXPECT_EQ(gVehicles[0]->Name, "Kept");
 }
 
+TEST_F(DatabaseOps, AnEditorsDesignOutlivesTheTableAndSavesIntoTheNextDatabase) {
+    NewDatabase("first.bwd");
+    bool ok = false;
+    auto edited = MakeVehicle("Wanderer");
+    zSaveVehicle(edited, ok);
+    NewDatabase("second.bwd");
+    EXPECT_TRUE(gVehicles[0]->Name.empty());
+    // Still open in its editor, the design changes and is saved again.
+    edited->Tonnage = 55;
+    zSaveVehicle(edited, ok);
+    EXPECT_TRUE(ok);
+    EXPECT_TRUE(fake.ui.boxes.empty());
+    EXPECT_EQ(dir.Read("second.bwd"), Bytes().Header().I16(0).Raw(Saved(*edited)).I16(-1).str());
+    EXPECT_EQ(CountAt(dir.Read("first.bwd"), 32), 0);
+    // The same object saved again where it already stands is a match.
+    fake.ui.answers = {MsgResult::No};
+    zSaveVehicle(edited, ok);
+    EXPECT_FALSE(ok);
+    EXPECT_EQ(fake.ui.LastBox().title, "Overwrite?");
+}
+
 TEST_F(DatabaseOps, OpeningFindsTheFileIgnoringCase) {
     dir.Write("Mixed.BWD", Bytes().Header().I16(-1).I16(-1).str());
     zOpenDatabase(dir.File("mixed.bwd"));
