@@ -147,37 +147,37 @@ Fighter DistinctFighter(int16_t type) {
 }
 
 TEST_F(DatabaseFile, PlainFightersMatchTheLayoutWithTheirHolesSqueezedOut) {
-  for (int16_t type : {int16_t{0}, int16_t{1}}) {
-    SCOPED_TRACE(type);
-    Fighter f = DistinctFighter(type);
-    f.Weapons = {{4, 1, 0, -1, 0, 0}, {5, 1, 0, 0, -1, -1}, {6, 2, 0, -1, 3, 1}};
-    Bytes want;
-    want.Text("Sabre", 50);
-    test::AppendFields(want, f, test::FighterHeadLayout());
-    test::AppendFields(want, f, test::FighterPlainTailLayout());
-    want.I16(1).I16(4).I16(1).I16(0).I16(-1).I16(0).I16(0);
-    want.I16(6).I16(2).I16(0).I16(-1).I16(3).I16(1);
-    const std::string got = Written(f);
-    EXPECT_EQ(got, want.str());
-    EXPECT_EQ(got.size(), kFighterHeadBytes + 7 * 2 + 3 * 8 + 2 + 2 * 12);
-    // The object itself keeps its list.
-    EXPECT_EQ(f.Weapons.size(), 3u);
+    for (int16_t type : {int16_t{0}, int16_t{1}}) {
+        SCOPED_TRACE(type);
+        Fighter f = DistinctFighter(type);
+        f.Weapons = {{4, 1, 0, -1, 0, 0}, {5, 1, 0, 0, -1, -1}, {6, 2, 0, -1, 3, 1}};
+        Bytes want;
+        want.Text("Sabre", 50);
+        test::AppendFields(want, f, test::FighterHeadLayout());
+        test::AppendFields(want, f, test::FighterPlainTailLayout());
+        want.I16(1).I16(4).I16(1).I16(0).I16(-1).I16(0).I16(0);
+        want.I16(6).I16(2).I16(0).I16(-1).I16(3).I16(1);
+        const std::string got = Written(f);
+        EXPECT_EQ(got, want.str());
+        EXPECT_EQ(got.size(), kFighterHeadBytes + 7 * 2 + 3 * 8 + 2 + 2 * 12);
+        // The object itself keeps its list.
+        EXPECT_EQ(f.Weapons.size(), 3u);
 
-    BinaryReader r(got);
-    Fighter back;
-    ASSERT_TRUE(back.LoadData(r));
-    EXPECT_TRUE(r.AtEnd());
-    EXPECT_EQ(back.Name, "Sabre");
-    ExpectFieldsEqual(back, f, test::FighterHeadLayout());
-    ExpectFieldsEqual(back, f, test::FighterPlainTailLayout());
-    ASSERT_EQ(back.Weapons.size(), 2u);
-    EXPECT_EQ(back.Weapons[1], (FighterWeapon{6, 2, 0, -1, 3, 1}));
+        BinaryReader r(got);
+        Fighter back;
+        ASSERT_TRUE(back.LoadData(r));
+        EXPECT_TRUE(r.AtEnd());
+        EXPECT_EQ(back.Name, "Sabre");
+        ExpectFieldsEqual(back, f, test::FighterHeadLayout());
+        ExpectFieldsEqual(back, f, test::FighterPlainTailLayout());
+        ASSERT_EQ(back.Weapons.size(), 2u);
+        EXPECT_EQ(back.Weapons[1], (FighterWeapon{6, 2, 0, -1, 3, 1}));
 
-    // No active entry at all: a count of -1.
-    f.Weapons = {{4, 1, 0, 0, 0, 0}};
-    const std::string none = Written(f);
-    EXPECT_EQ(none.substr(none.size() - 2), Bytes().I16(-1).str());
-  }
+        // No active entry at all: a count of -1.
+        f.Weapons = {{4, 1, 0, 0, 0, 0}};
+        const std::string none = Written(f);
+        EXPECT_EQ(none.substr(none.size() - 2), Bytes().I16(-1).str());
+    }
 }
 
 Fighter OmniFighter(int16_t locked) {
