@@ -342,8 +342,9 @@ bool ReadTable(BinaryReader& r, std::vector<std::shared_ptr<T>>& table, Load loa
 
 }  // namespace
 
-bool Vehicle::SaveData(BinaryWriter& wFile) const {
+bool Vehicle::SaveData(BinaryWriter& wFile) {
     return zTrap("Vehicle.SaveData", false, [&] {
+        zCompactItems();
         zWriteVehicleRecord(wFile, *this);
         return true;
     });

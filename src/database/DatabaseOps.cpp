@@ -297,7 +297,7 @@ void zSaveDatabase() {
         const int16_t nv = TableCountField(gVehicles);
         w.I16(nv);
         for (int i = 0; i <= nv; ++i) {
-            const Vehicle& v = *gVehicles[static_cast<size_t>(i)];
+            Vehicle& v = *gVehicles[static_cast<size_t>(i)];
             if (!v.SaveData(w)) {
                 zMsgBox("There was an error while writing the data on the vehicle named " + v.Name +
                             ". Data was not saved.",

@@ -197,7 +197,8 @@ public:
 
     // --- Storage (the database file) -------------------------------------
     bool LoadData(BinaryReader& wFile);
-    bool SaveData(BinaryWriter& wFile) const;
+    // Compacts the item list first, so no hole is ever stored.
+    bool SaveData(BinaryWriter& wFile);
 
     // --- Mode ------------------------------------------------------------
     // For good: the design no longer writes to a window.

@@ -14,7 +14,8 @@ namespace {
 
 using test::Bytes;
 
-std::string Written(const Vehicle& v) {
+// Writing compacts the design's item list, so tests write a copy.
+std::string Written(Vehicle v) {
     BinaryWriter w;
     EXPECT_TRUE(v.SaveData(w));
     return w.Data();
@@ -105,8 +106,19 @@ TEST_F(DatabaseFile, ItemCountFollowsItemZero) {
     EXPECT_EQ(back.Items[2].wType, 7);
     EXPECT_EQ(Written(back), got);
 
-    // Element 0 free: nothing is stored, whatever follows it.
+    // A hole is squeezed out before writing: the used items follow in
+    // their order and the design itself is left compact.
     v.Items[0].wStatus = 0;
+    BinaryWriter holed;
+    ASSERT_TRUE(v.SaveData(holed));
+    ASSERT_EQ(v.Items.size(), 2u);
+    EXPECT_EQ(v.Items[0].wLoc, 99);
+    Bytes tail;
+    tail.I16(1).I16(3).I16(2).I16(99).I16(-1).I16(7).I16(1).I16(-1).I16(-1);
+    EXPECT_EQ(holed.Data().substr(kVehicleFixedBytes - 2), tail.str());
+
+    // No item used: the count is -1 and no item follows.
+    for (auto& item : v.Items) item.wStatus = 0;
     const std::string empty = Written(v);
     EXPECT_EQ(empty.size(), kVehicleFixedBytes);
     EXPECT_EQ(empty.substr(empty.size() - 2), Bytes().I16(-1).str());

@@ -79,7 +79,7 @@ protected:
         r.Seek(at);
         return r.I16();
     }
-    std::string Saved(const Vehicle& v) {
+    std::string Saved(Vehicle v) {  // writing compacts: write a copy
         BinaryWriter w;
         v.SaveData(w);
         return w.Data();
