@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "Commands.h"
+#include "ConsoleUi.h"
 #include "core/BinaryIO.h"
 #include "core/Errors.h"
 #include "core/Globals.h"
@@ -185,25 +186,7 @@ int RunDump(const std::vector<std::string>& args) {
     return 0;
 }
 
-// Messages of the database operations go to standard error as one line.
-class ConsoleUi : public bw::IUi {
-public:
-    int boxes = 0;
-    bw::MsgResult MsgBox(const std::string& text, bw::MsgButtons, bw::MsgIcon, const std::string& title) override {
-        ++boxes;
-        std::string t = text;
-        for (char& ch : t)
-            if (ch == '\n' || ch == '\t') ch = ' ';
-        std::fprintf(stderr, "%s: %s\n", title.c_str(), t.c_str());
-        return bw::MsgResult::No;  // never agree to anything unasked
-    }
-    void Beep() override {}
-    std::string OpenFileDialog(const bw::FileDialogRequest&) override { return {}; }
-    std::string SaveFileDialog(const bw::FileDialogRequest&) override { return {}; }
-    void PointerWait() override {}
-    void PointerNormal() override {}
-    void DoEvents() override {}
-};
+using bwtool::ConsoleUi;
 
 int RunCopy(const std::vector<std::string>& args) {
     if (args.size() != 2) {

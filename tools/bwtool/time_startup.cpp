@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "Commands.h"
+#include "ConsoleUi.h"
 #include "core/Errors.h"
 #include "core/Globals.h"
 #include "core/Startup.h"
@@ -15,22 +16,7 @@
 
 namespace {
 
-// Message boxes go to stderr, so a failed load is seen.
-class ConsoleUi final : public bw::IUi {
-public:
-    int boxes = 0;
-    bw::MsgResult MsgBox(const std::string& text, bw::MsgButtons, bw::MsgIcon, const std::string& title) override {
-        ++boxes;
-        std::fprintf(stderr, "[%s] %s\n", title.c_str(), text.c_str());
-        return bw::MsgResult::OK;
-    }
-    void Beep() override {}
-    std::string OpenFileDialog(const bw::FileDialogRequest&) override { return {}; }
-    std::string SaveFileDialog(const bw::FileDialogRequest&) override { return {}; }
-    void PointerWait() override {}
-    void PointerNormal() override {}
-    void DoEvents() override {}
-};
+using bwtool::ConsoleUi;
 
 int RunTimeStartup(const std::vector<std::string>& args) {
     if (args.size() != 1) {
