@@ -1,0 +1,207 @@
+// The vehicle editor: one window on one design. The model holds the
+// window's controls by their names; each control's event runs a command
+// that calls the design's Set*/Calc* operations and refreshes the figures.
+// Setting a control from a command runs that control's command at once, and
+// the speed and tonnage stepping rely on it.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "core/Controls.h"
+#include "core/Forms.h"
+#include "vehicle/Vehicle.h"
+
+namespace bw {
+
+// Holds a text box's value to lower..upper: a non-numeric text becomes the
+// lower limit; with strip, leading zeros go and an empty or all-zero text
+// shows the lower limit. Never refuses: it corrects the text.
+void zCheckTextBox(TextBox& box, int16_t lower, int16_t upper, bool strip);
+
+class frmVhl : public IForm, public VehicleWindow {
+public:
+    frmVhl();
+    ~frmVhl() override;
+    frmVhl(const frmVhl&) = delete;
+    frmVhl& operator=(const frmVhl&) = delete;
+
+    // --- The window ------------------------------------------------------
+    std::string FormName() const override { return "frmVhl"; }
+    bool IsSaved() const override { return wSaved != 0; }
+    void RequestUnload() override;
+    // The title bar.
+    Control Window{"frmVhl"};
+    bool Loaded = false;
+    // The window system closes the real window after an unload.
+    std::function<void()> CloseWindow;
+
+    // --- State -----------------------------------------------------------
+    std::shared_ptr<Vehicle> vhl;
+    int16_t wLoading = 0;
+    int16_t wSaved = 0;
+    int16_t wMirroring = 0;
+    // The valid weapon rows of this design, one list per class.
+    std::array<std::vector<int16_t>, 6> wValid;
+    // The armor diagram shown, numbered as the sheet's picture holder.
+    int16_t wArmorPicture = -1;
+
+    // --- Controls --------------------------------------------------------
+    Control SSTab1{"SSTab1"};
+    int16_t SSTab1Tab = 0;
+    Control tabSpecials{"tabSpecials"};
+    PictureBox picVHLArm{"picVHLArm"};
+    TextBox TName{"TName"};
+    Label LTechBase{"LTechBase"}, LTechLevel{"LTechLevel"}, LVehicleType{"LVehicleType"};
+    ScrollBar scrlTonnage{"scrlTonnage"};
+    TextBox TTonnage{"TTonnage"};
+    ScrollBar scrlSpeed{"scrlSpeed"};
+    TextBox TCruise{"TCruise"};
+    Label LFlank{"LFlank"};
+    ComboBox cmboEngType{"cmboEngType"};
+    Label LEngineTonnage{"LEngineTonnage"}, LEngineRating{"LEngineRating"}, LISTonnage{"LISTonnage"};
+    // Control equipment, power amplifiers, lift equipment; the third line's
+    // caption names what the type carries.
+    std::array<Label, 3> LControlTonnage{Label{"LControlTonnage(0)"}, Label{"LControlTonnage(1)"},
+                                         Label{"LControlTonnage(2)"}};
+    std::array<Label, 3> LControlDesc{Label{"LControlDesc(0)"}, Label{"LControlDesc(1)"}, Label{"LControlDesc(2)"}};
+    Label LHeatSinks{"LHeatSinks"}, LHeatSinkTonnage{"LHeatSinkTonnage"};
+    Label LTurretTonnage{"LTurretTonnage"}, LSecTurretTonnage{"LSecTurretTonnage"},
+        LSponsonTonnage{"LSponsonTonnage"}, LTCTonnage{"LTCTonnage"};
+    Label LTonnageTotal{"LTonnageTotal"}, LTonnageFree{"LTonnageFree"};
+    Timer Timer1{"Timer1"};
+
+    // Options and their tonnage figures.
+    CheckBox CBoxAmphibEquip{"CBoxAmphibEquip"}, CBoxBridgelayer{"CBoxBridgelayer"}, CBoxBulldozer{"CBoxBulldozer"},
+        CBoxCoolantSystem{"CBoxCoolantSystem"}, CBoxDuneBuggy{"CBoxDuneBuggy"}, CBoxJJs{"CBoxJJs"},
+        CBoxMASHUnit{"CBoxMASHUnit"}, CBoxMinesweeper{"CBoxMinesweeper"}, CBoxMobileHQ{"CBoxMobileHQ"},
+        CBoxSnowmobileEquip{"CBoxSnowmobileEquip"}, CBoxSupercharger{"CBoxSupercharger"},
+        CBoxHasTurret{"CBoxHasTurret"}, CBoxHasSecondTurret{"CBoxHasSecondTurret"},
+        CBoxHasSponsonTurret{"CBoxHasSponsonTurret"}, CBoxMastMount{"CBoxMastMount"}, CBoxTC{"CBoxTC"};
+    ComboBox cmboBridgelayer{"cmboBridgelayer"};
+    ScrollBar scrlJJs{"scrlJJs"};
+    Label LJJs{"LJJs"};
+    ScrollBar scrlMASHUnits{"scrlMASHUnits"};
+    Label LMASHCount{"LMASHCount"};
+    ScrollBar scrlMobileHQ{"scrlMobileHQ"};
+    ComboBox cmboRotorArrangement{"cmboRotorArrangement"};
+    ComboBox cmboTCLoc{"cmboTCLoc"};
+    Label LTCLocationDesc{"LTCLocationDesc"};
+    ScrollBar scrlAdditionalCrew{"scrlAdditionalCrew"};
+    TextBox TAdditionalCrew{"TAdditionalCrew"};
+    // Tonnage of each option, shown on refresh.
+    Label LSuperchargerTonnage{"LSuperchargerTonnage"}, LMastMountTonnage{"LMastMountTonnage"},
+        LCrewTonnage{"LCrewTonnage"}, LBridgeLayerTonnage{"LBridgeLayerTonnage"},
+        LBulldozerTonnage{"LBulldozerTonnage"}, LMinesweeperTonnage{"LMinesweeperTonnage"},
+        LMASHTonnage{"LMASHTonnage"}, LAmphibTonnage{"LAmphibTonnage"}, LDuneBuggyTonnage{"LDuneBuggyTonnage"},
+        LSnowmobileTonnage{"LSnowmobileTonnage"}, LCoolantSystemTonnage{"LCoolantSystemTonnage"},
+        LJumpJetTonnage{"LJumpJetTonnage"}, LMobileHQTonnage{"LMobileHQTonnage"};
+
+    // Armor.
+    ComboBox cmboArmorType{"cmboArmorType"};
+    ScrollBar scrlArmorTonnage{"scrlArmorTonnage"};
+    Label LArmorTonnage{"LArmorTonnage"}, LTotalPoints{"LTotalPoints"}, LAllocatedPoints{"LAllocatedPoints"},
+        LRemainingPoints{"LRemainingPoints"}, LActiveArmorLoc{"LActiveArmorLoc"};
+    // By location number 0 to 11; 6 and 7 (sponsons) take no armor.
+    std::array<ScrollBar, 12> scrlArmorLoc;
+    std::array<TextBox, 12> TArmorLoc;
+
+    // Equipment.
+    TreeView tvAvailEq{"tvAvailEq"}, tvSelectedEq{"tvSelectedEq"};
+    std::array<CheckBox, 6> CBoxShowType;
+    std::array<CommandButton, 3> PButEquipment;
+    CommandButton PButSave{"PButSave"}, PButClose{"PButClose"}, PButAllocate{"PButAllocate"},
+        PButExpandAvail{"PButExpandAvail"}, PButCollapseAvail{"PButCollapseAvail"},
+        PButExpandSel{"PButExpandSel"}, PButCollapseSel{"PButCollapseSel"};
+
+    // --- Commands --------------------------------------------------------
+    // Loads the window (registers it, normal text box colours).
+    void Form_Load();
+    void zSetUpBaseData();
+    void zUpdateTonnageLists();
+    void zSetSaved(int16_t wStatus);
+    int16_t zValidateSave();
+    void PButSave_Click();
+    // cancel is set when the window must stay.
+    void Form_QueryUnload(bool& cancel);
+    void SSTab1_Click(int16_t tab);
+    void Timer1_Timer();
+    void zChangePicture();
+    void zUpdateArmor();
+    void zUpdateTCLocations();
+    int16_t zGetEngineIdx(int16_t engineType) const;
+    // Rating limit of the present engine: 500 for the large engines.
+    int16_t zRatingLimit() const;
+
+    void zLoadValidWeapons();
+    void zRefreshWeaponsAvail();
+    void zAddWeapon();
+    void zRemoveWeapon();
+    void zClearWeapons();
+    void zExpandSelected();
+    void PButAllocate_Click();
+    // What PButAllocate opens with the design; unset does nothing.
+    std::function<void(frmVhl&)> ShowAllocation;
+
+    // VehicleWindow
+    void zUpdateWeapons() override;
+    void zShowCrew(int16_t wCrew) override;
+
+    // Handlers, public so a binding or a test can raise them as the user
+    // would.
+    void scrlTonnage_Change();
+    void TTonnage_LostFocus();
+    void scrlSpeed_Change();
+    void TCruise_LostFocus();
+    void cmboEngType_Click();
+    void cmboArmorType_Click();
+    void scrlArmorTonnage_Change();
+    void scrlArmorLoc_Change(int16_t index);
+    void TArmorLoc_LostFocus(int16_t index);
+    void scrlJJs_Change();
+    void scrlMASHUnits_Change();
+    void scrlMobileHQ_Change();
+    void scrlAdditionalCrew_Change();
+    void TAdditionalCrew_LostFocus();
+    void TName_Change();
+    void cmboRotorArrangement_Click();
+    void cmboBridgelayer_Click();
+    void cmboTCLoc_Click();
+    void CBoxTC_Click();
+    void CBoxHasTurret_Click();
+    void CBoxHasSecondTurret_Click();
+    void CBoxHasSponsonTurret_Click();
+    void CBoxMastMount_Click();
+    void CBoxSupercharger_Click();
+    void tvAvailEq_Expand(const std::string& key);
+    void CBoxShowType_Click(int16_t index);
+
+private:
+    struct Exclusion {
+        const int16_t Vehicle::*flag;
+        const int16_t Vehicle::*flag2;  // a second flag that refuses alike, or nullptr
+        const char* message;
+    };
+    // The pattern of the option boxes: on being set, the first exclusion
+    // already mounted refuses with its message and clears the box; otherwise
+    // (and on being cleared) apply runs with the box's value.
+    void zOptionBox(CheckBox& box, const char* title, const std::vector<Exclusion>& tests,
+                    const std::function<void(int16_t)>& apply);
+    void zSpecialEQ(int16_t wType, int16_t value);
+    // Shows or hides a box's number input with its label.
+    void zNumberInput(ScrollBar& scrl, Label* label, int16_t value);
+    // The other location of a mirrored pair, or -1.
+    int16_t zMirrorOf(int16_t loc) const;
+    void zWireControls();
+    void zStepSpeedToRating();
+
+    int16_t wRefusing = 0;  // a refused box is being cleared by the program
+    int16_t wReverting = 0; // a refused list is being put back
+    int16_t wFlash = 0;
+};
+
+}  // namespace bw
