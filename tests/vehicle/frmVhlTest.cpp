@@ -6,6 +6,8 @@
 #include <memory>
 
 #include "core/Forms.h"
+#include "core/Globals.h"
+#include "core/Helpers.h"
 #include "core/Settings.h"
 #include "database/DatabaseOps.h"
 #include "VehicleTestSupport.h"
@@ -289,4 +291,149 @@ TEST_F(EditorTest, FreeTonnageColourAndFlashing) {
     win->scrlArmorTonnage.SetValue(0);
     EXPECT_FALSE(win->Timer1.Enabled());
     EXPECT_EQ(win->LTonnageFree.ForeColor(), kBlack);
+}
+
+// --- Save checks and the close question ------------------------------------
+
+namespace {
+
+// A 50-ton tracked design at 4 points, 24.5 t before armor, named.
+class SaveTest : public EditorTest {
+protected:
+    frmVhl& Ready(double armorHalfTons) {
+        New(kVhlTracked);
+        win->scrlTonnage.SetValue(50);
+        win->scrlSpeed.SetValue(4);
+        win->scrlArmorTonnage.SetValue(static_cast<int16_t>(armorHalfTons));
+        // Every point allocated: front takes it all.
+        win->scrlArmorLoc[0].SetValue(win->scrlArmorLoc[0].Max());
+        win->TName.SetText("  Scorpion ");
+        gDatabasePath = zAppFile("designs.bwd");
+        return *win;
+    }
+};
+
+}  // namespace
+
+TEST_F(SaveTest, NameIsRequired) {
+    Ready(0);
+    win->TName.SetText("   ");
+    EXPECT_EQ(win->zValidateSave(), 0);
+    ASSERT_EQ(fake.ui.boxes.size(), 1u);
+    EXPECT_EQ(fake.ui.LastBox().text, "You must supply a name for this vehicle!");
+    EXPECT_EQ(fake.ui.LastBox().title, "No name");
+    EXPECT_EQ(fake.ui.LastBox().icon, MsgIcon::Critical);
+}
+
+TEST_F(SaveTest, GiftRangeSavesWithItsMessageUnlessSuppressed) {
+    Ready(52);  // half a ton over
+    gGiftMessage = 0;
+    EXPECT_EQ(win->zValidateSave(), -1);
+    EXPECT_EQ(win->vhl->Name, "Scorpion") << "trimmed";
+    ASSERT_EQ(fake.ui.boxes.size(), 1u);
+    EXPECT_EQ(fake.ui.LastBox().title, "Within 'Gift' Range");
+    EXPECT_EQ(fake.ui.LastBox().icon, MsgIcon::Information);
+    EXPECT_EQ(fake.ui.LastBox().text,
+              "This vehicle is overweight by 0.5 but falls under the one ton 'Brasswick Works Gift Tonnage'. The "
+              "vehicle is a valid design. The gift tonnage exists for poorly templated stock vehicles made by people "
+              "who can't add.");
+    gGiftMessage = 1;
+    EXPECT_EQ(win->zValidateSave(), -1);
+    EXPECT_EQ(fake.ui.boxes.size(), 1u);
+
+    win->PButSave.DoClick();
+    EXPECT_EQ(win->wSaved, -1);
+    EXPECT_EQ(win->Window.Caption(), "Scorpion");
+    ASSERT_EQ(gVehicles.size(), 1u);
+    EXPECT_EQ(gVehicles[0].get(), win->vhl.get());
+    EXPECT_TRUE(zFileExists(gDatabasePath));
+    EXPECT_EQ(win->vhl->FreeTonnage, -0.5) << "saved with a negative free tonnage";
+}
+
+TEST_F(SaveTest, ExactlyOneTonOverIsRefused) {
+    Ready(53);
+    EXPECT_EQ(win->zValidateSave(), 0);
+    ASSERT_EQ(fake.ui.boxes.size(), 1u);
+    EXPECT_EQ(fake.ui.LastBox().text, "This vehicle is overweight by 1 tons.");
+    EXPECT_EQ(fake.ui.LastBox().title, "Overweight");
+    EXPECT_EQ(fake.ui.LastBox().icon, MsgIcon::Information);
+    win->PButSave.DoClick();
+    EXPECT_EQ(win->wSaved, 0);
+    EXPECT_FALSE(zFileExists(gDatabasePath));
+}
+
+TEST_F(SaveTest, ArmorAndItemsMustBeAllocated) {
+    Ready(20);
+    win->scrlArmorLoc[0].SetValue(0);
+    EXPECT_EQ(win->zValidateSave(), 0);
+    EXPECT_EQ(fake.ui.LastBox().text, "You have not allocated all of your armor. Please do so before saving.");
+    EXPECT_EQ(fake.ui.LastBox().title, "Armor remaining");
+    EXPECT_EQ(fake.ui.LastBox().icon, MsgIcon::Information);
+
+    win->scrlArmorLoc[0].SetValue(win->scrlArmorLoc[0].Max());
+    win->vhl->AddWeapon(kMedLaser);
+    EXPECT_EQ(win->zValidateSave(), 0);
+    EXPECT_EQ(fake.ui.LastBox().text,
+              "There are weapons and equipment that are not yet allocated. Please allocate these before saving.");
+    EXPECT_EQ(fake.ui.LastBox().title, "Unallocated equipment");
+    win->vhl->UpdateWeaponLocation(0, kLocFront);
+    EXPECT_EQ(win->zValidateSave(), -1);
+}
+
+TEST_F(SaveTest, CloseQuestion) {
+    Ready(20);
+    // Cancel keeps the window.
+    fake.ui.answers = {MsgResult::Cancel};
+    win->PButClose.DoClick();
+    ASSERT_EQ(fake.ui.boxes.size(), 1u);
+    EXPECT_EQ(fake.ui.LastBox().text, "This vehicle is not yet saved, would you like to save it?");
+    EXPECT_EQ(fake.ui.LastBox().title, "Save?");
+    EXPECT_EQ(fake.ui.LastBox().buttons, MsgButtons::YesNoCancel);
+    EXPECT_EQ(fake.ui.LastBox().icon, MsgIcon::Question);
+    EXPECT_TRUE(win->Loaded);
+
+    // Yes with a design that fails the checks keeps it too.
+    win->TName.SetText("");
+    fake.ui.answers = {MsgResult::Yes};
+    win->PButClose.DoClick();
+    EXPECT_EQ(fake.ui.LastBox().title, "No name");
+    EXPECT_TRUE(win->Loaded);
+    EXPECT_EQ(gForms().size(), 1u);
+
+    // Yes, valid, but the overwrite is declined: the closing is cancelled.
+    win->TName.SetText("Scorpion");
+    auto twin = std::make_shared<Vehicle>(*win->vhl);
+    twin->frm = nullptr;
+    twin->OverrideInteractiveMode();
+    gVehicles = {twin};
+    fake.ui.answers = {MsgResult::Yes, MsgResult::No};
+    win->PButClose.DoClick();
+    EXPECT_EQ(fake.ui.LastBox().title, "Overwrite?");
+    EXPECT_TRUE(win->Loaded);
+
+    // Yes and saved: the window goes.
+    int closed = 0;
+    win->CloseWindow = [&] { ++closed; };
+    fake.ui.answers = {MsgResult::Yes, MsgResult::Yes};
+    win->PButClose.DoClick();
+    EXPECT_FALSE(win->Loaded);
+    EXPECT_EQ(closed, 1);
+    EXPECT_TRUE(gForms().empty());
+    EXPECT_EQ(gVehicles[0].get(), win->vhl.get());
+    EXPECT_EQ(win->vhl->frm, nullptr);
+}
+
+TEST_F(SaveTest, NoLosesTheChangesAndASavedDesignAsksNothing) {
+    Ready(20);
+    fake.ui.answers = {MsgResult::No};
+    win->RequestUnload();
+    EXPECT_FALSE(win->Loaded);
+    EXPECT_FALSE(zFileExists(gDatabasePath));
+
+    Ready(20);
+    win->zSetSaved(kTrue);
+    fake.ui.boxes.clear();
+    win->RequestUnload();
+    EXPECT_TRUE(fake.ui.boxes.empty());
+    EXPECT_FALSE(win->Loaded);
 }
