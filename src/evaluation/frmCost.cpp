@@ -38,6 +38,8 @@ double LabelNumber(const std::string& text) {
 void AddLine(ListView& lv, const std::string& text, int32_t cost) {
     ListView::ListItem& it = lv.Add({}, text);
     it.SetSubItem(1, Num(int64_t{cost}));
+    // A bound list learns of the cost only from a refresh.
+    lv.Refresh();
 }
 
 // Money: a whole number in 32 bits.
