@@ -1,49 +1,27 @@
-// The fighter picker: one row per design of the open database. It serves
-// the open, delete and multi-print commands, which change its caption and
-// action button.
+// The fighter picker, the vehicle picker's twin over the fighter table.
 #pragma once
 
-#include <cstdint>
-#include <functional>
-#include <string>
-
-#include "core/Controls.h"
+#include "shell/DesignPicker.h"
 
 namespace bw {
 
-class frmFOpen {
+class frmFOpen : public DesignPicker {
 public:
-    frmFOpen();
-
-    std::string Caption = "Open Fighter";
-    bool Visible = false;
-    // Size in twips; Form_Resize keeps the minimum and lays out the list.
-    int32_t Width = 6000, Height = 2895;
-    int32_t lvWidth = 0, lvHeight = 0, ButtonTop = 0;
+    frmFOpen() : DesignPicker("Open Fighter") { Wire(lvFTRs, [this] { zOpenFTR(); }); }
 
     ListView lvFTRs{"lvFTRs"};
-    CommandButton PButOpen{"PButOpen"};
-    CommandButton PButCancel{"PButCancel"};
 
-    // The result: wCancel true when nothing was picked; wSel the index of
-    // the picked design in gFighters.
-    int16_t wCancel = -1;
-    int16_t wSel = -1;
-
-    void Form_Activate();
-    void Form_Resize();
+    void Form_Activate() {
+        zLoadData();
+        Activate(lvFTRs);
+    }
     void zLoadData();
-    void zOpenFTR();
-
-private:
-    void lvFTRs_DblClick();
+    void zOpenFTR() { OpenSelected(lvFTRs); }
 };
 
-// Shows the picker modally with the given caption and action button, puts
-// them back to "Open Fighter" and "&Open" afterwards, and returns the index
-// of the picked design or -1. showModal activates the dialog and returns
-// once it is hidden.
-int16_t zShowFOpen(const std::string& caption, const std::string& action,
-                   const std::function<void(frmFOpen&)>& showModal);
+inline int16_t zShowFOpen(const std::string& caption, const std::string& action,
+                          const std::function<void(frmFOpen&)>& showModal) {
+    return zShowPicker<frmFOpen>(caption, action, showModal);
+}
 
 }  // namespace bw
