@@ -934,8 +934,9 @@ void frmVhl::zChangePicture() {
             default: pic = main ? 7 : 8; break;
         }
         wArmorPicture = pic;
+        zMoveArmorControls(type);
         // The binding sizes the box to the picture and places each
-        // location's inputs beside its part of the drawing.
+        // location's inputs at the spots zMoveArmorControls chose.
         picVHLArm.SetPicture(std::to_string(pic));
     });
 }

@@ -49,6 +49,11 @@ public:
     std::array<std::vector<int16_t>, 6> wValid;
     // The armor diagram shown, numbered as the sheet's picture holder.
     int16_t wArmorPicture = -1;
+    // Where the window stands, in twips; the main window's cascade places it.
+    int32_t Left = 0, Top = 0, Width = 11400, Height = 8700;
+    // Each location's armor input on the diagram (zMoveArmorControls): left
+    // and top in the diagram's own units, -1 where the diagram has no spot.
+    std::array<int16_t, 12> ArmorLocLeft{}, ArmorLocTop{};
 
     // --- Controls --------------------------------------------------------
     Control SSTab1{"SSTab1"};
@@ -131,6 +136,7 @@ public:
     void SSTab1_Click(int16_t tab);
     void Timer1_Timer();
     void zChangePicture();
+    void zMoveArmorControls(int16_t vhlType);
     void zUpdateArmor();
     void zUpdateTCLocations();
     int16_t zGetEngineIdx(int16_t engineType) const;
