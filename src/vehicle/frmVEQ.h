@@ -1,0 +1,82 @@
+// The equipment allocation window: one list of unallocated items and one
+// list per location of the vehicle. The user moves entries between them; the
+// design's places change only when the window is closed with PButDone, so
+// closing it any other way leaves the design as it was.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "core/Controls.h"
+#include "vehicle/Vehicle.h"
+
+namespace bw {
+
+class frmVhl;
+
+class frmVEQ {
+public:
+    frmVEQ();
+    frmVEQ(const frmVEQ&) = delete;
+    frmVEQ& operator=(const frmVEQ&) = delete;
+
+    std::shared_ptr<Vehicle> vhl;  // the editor's own design, not a copy
+
+    ListBox LBoxAvail{"LBoxAvail"};
+    // i is 0 to 7 or 99 (body); any other index raises 9.
+    ListBox& LBoxLoc(int16_t i);
+    Label& LLocDesc(int16_t i);
+    Label LSponsonLeftTonnage{"LSponsonLeftTonnage"}, LSponsonRightTonnage{"LSponsonRightTonnage"};
+    CommandButton PButDone{"PButDone"};
+
+    // Shown while modal; hiding ends the modal loop.
+    bool Visible = false;
+    // Set only when PButDone closed the window: the editor then refreshes.
+    bool wDone = false;
+    // The names that may go in a V.T.O.L.'s mast mount, by tech base.
+    std::vector<std::string> wMastMount;
+    // The window system closes the real dialog when the model hides.
+    std::function<void()> Unloaded;
+
+    void Form_Load();
+    void zReloadData();
+    void zCheckSponsonTonnage();
+    void zUpdateWeaponLocs();
+    void Hide();
+
+    // A drag may start only with an entry selected.
+    bool LBoxAvail_MouseDown();
+    // entering: the drag came over the list (green) or left it (white).
+    // Returns whether the list takes drops.
+    bool LBoxLoc_DragOver(int16_t i, bool entering);
+    // Only a drag from LBoxAvail with a selected entry is taken.
+    void LBoxLoc_DragDrop(int16_t i, const Control* source);
+    // Moves the selected entry of a location back to LBoxAvail.
+    void LBoxLoc_DblClick(int16_t i);
+    void PButDone_Click();
+
+private:
+    std::array<ListBox, 8> wLocLists;
+    ListBox wBodyList{"LBoxLoc(99)"};
+    std::array<Label, 8> wLocDescs;
+    Label wBodyDesc{"LLocDesc(99)"};
+
+    // The entry's text for the item at element idx of the design.
+    std::string zEntryText(int16_t idx) const;
+    const VehicleItem& zItem(int32_t idx) const;
+    // Moves the selected entry of from to the end of to, text and element
+    // index together.
+    static void zMoveSelected(ListBox& from, ListBox& to);
+    std::string zListTonnage(const ListBox& box) const;
+};
+
+// What the editor's PButAllocate runs: a window on the editor's design,
+// loaded, shown by showModal (which returns when the window is hidden or
+// closed), and the editor refreshed when PButDone closed it.
+void zRunAllocation(frmVhl& editor, const std::function<void(frmVEQ&)>& showModal);
+
+}  // namespace bw
