@@ -51,8 +51,8 @@ public:
     int16_t wArmorPicture = -1;
     // Where the window stands, in twips; the main window's cascade places it.
     int32_t Left = 0, Top = 0, Width = 11400, Height = 8700;
-    // Each location's armor input on the diagram (zMoveArmorControls): left
-    // and top in the diagram's own units, -1 where the diagram has no spot.
+    // Each location's armor input on the diagram (zMoveArmorControls): the
+    // centre of its spot in the picture's pixels, -1 where it has none.
     std::array<int16_t, 12> ArmorLocLeft{}, ArmorLocTop{};
 
     // --- Controls --------------------------------------------------------
@@ -119,6 +119,9 @@ public:
     TreeView tvAvailEq{"tvAvailEq"}, tvSelectedEq{"tvSelectedEq"};
     std::array<CheckBox, 6> CBoxShowType;
     std::array<CommandButton, 3> PButEquipment;
+    // Cost/Stats, Show Statistics and Print open windows of their own; the
+    // window system gives them their commands.
+    CommandButton PButCost{"PButCost"}, PButShowStats{"PButShowStats"}, PButPrint{"PButPrint"};
     CommandButton PButSave{"PButSave"}, PButClose{"PButClose"}, PButAllocate{"PButAllocate"},
         PButExpandAvail{"PButExpandAvail"}, PButCollapseAvail{"PButCollapseAvail"},
         PButExpandSel{"PButExpandSel"}, PButCollapseSel{"PButCollapseSel"};
@@ -127,6 +130,10 @@ public:
     // Loads the window (registers it, normal text box colours).
     void Form_Load();
     void zSetUpBaseData();
+    // Opening a stored design: after zSetUpBaseData, moves every input to
+    // the design's values under wLoading, so the design itself is not
+    // changed, and shows its figures as stored.
+    void zShowStoredDesign();
     void zUpdateTonnageLists();
     void zSetSaved(int16_t wStatus);
     int16_t zValidateSave();
