@@ -6,6 +6,11 @@
 #include "core/Settings.h"
 #include "core/Ui.h"
 #include "database/DatabaseOps.h"
+#include "shell/frmFOpen.h"
+#include "shell/frmVOpen.h"
+#include "vehicle/Vehicle.h"
+#include "vehicle/frmNVhl.h"
+#include "vehicle/frmVhl.h"
 
 namespace bw {
 
@@ -26,9 +31,9 @@ frmMain::frmMain() {
     SetMenu(mnuFileUpgDB, "&Upgrade Existing v3 Database", false);
     SetMenu(mnuFileExit, "E&xit");
     SetMenu(mnuVhl, "&Vehicle");
-    SetMenu(mnuVhlNew, "&New Vehicle", false);
-    SetMenu(mnuVhlOpen, "&Open Vehicle", false);
-    SetMenu(mnuVHlDel, "&Delete Vehicle", false);
+    SetMenu(mnuVhlNew, "&New Vehicle");
+    SetMenu(mnuVhlOpen, "&Open Vehicle");
+    SetMenu(mnuVHlDel, "&Delete Vehicle");
     SetMenu(mnuVhlMultiPrint, "Multi-Print", false);
     SetMenu(mnuFighter, "&Fighter");
     SetMenu(mnuFIghterNew, "&New Fighter", false);
@@ -56,8 +61,8 @@ frmMain::frmMain() {
     SetMenu(mnuSpecialArmorArrayCreator, "Display Armor Array Creator", false);
 
     TBarMain = {
-        {"butVHLNew", "New Vehicle", false},  {"butVHLOpen", "Open Vehicle", false},
-        {"butVHLDel", "Delete Vehicle", false}, {"butNewFtr", "New Fighter", false},
+        {"butVHLNew", "New Vehicle", true},   {"butVHLOpen", "Open Vehicle", true},
+        {"butVHLDel", "Delete Vehicle", true},  {"butNewFtr", "New Fighter", false},
         {"butOpenFtr", "Open Fighter", false}, {"butDelFtr", "Delete Fighter", false},
         {"butNewDS", "New DropShip", true},   {"butOpenDS", "Open DropShip", true},
         {"butDelDS", "Delete DropShip", true}, {"butNewWar", "New WarShip", true},
@@ -66,6 +71,9 @@ frmMain::frmMain() {
 
     mnuFileNew.Click = [this] { zTrapVoid("mnuFileNew_Click", [] { zNewDB(); }); };
     mnuFileOpne.Click = [this] { mnuFileOpne_Click(); };
+    mnuVhlNew.Click = [this] { zNewVehicle(); };
+    mnuVhlOpen.Click = [this] { zOpenVehicle(); };
+    mnuVHlDel.Click = [this] { zDeleteVehicle(); };
     // Exit only asks the main window to unload; the walk decides.
     mnuFileExit.Click = [this] { RequestUnload(); };
     mnuSettings.Click = [this] {
@@ -84,6 +92,7 @@ frmMain::~frmMain() {
     UnregisterForm(this);
     SetMainProgressHook({});
     gSetMainCaption = nullptr;
+    gPickDesign = nullptr;
 }
 
 std::vector<frmMain::Menu> frmMain::Menus() {
@@ -111,6 +120,9 @@ void frmMain::Form_Load() {
     Left = 500;
     Height = 1185;
     gSetMainCaption = [this](const std::string& caption) { Window.SetCaption(caption); };
+    gPickDesign = [this](DesignKind kind, const std::string& caption, const std::string& action) {
+        return zPickDesign(kind, caption, action);
+    };
     zResetDatabase();
     RefreshCaption();
     wStartLeft = Left + 500;
@@ -165,7 +177,10 @@ void frmMain::TBarMain_ButtonClick(const std::string& key) {
     zTrapVoid("TBarMain_ButtonClick", [&] {
         for (const auto& b : TBarMain)
             if (b.Key == key && !b.Enabled) return;
-        if (key == "butNewDS" || key == "butOpenDS" || key == "butDelDS" || key == "butNewWar" ||
+        if (key == "butVHLNew") zNewVehicle();
+        else if (key == "butVHLOpen") zOpenVehicle();
+        else if (key == "butVHLDel") zDeleteVehicle();
+        else if (key == "butNewDS" || key == "butOpenDS" || key == "butDelDS" || key == "butNewWar" ||
             key == "butOpenWar" || key == "butDelWar")
             Unimplemented();
     });
@@ -177,6 +192,79 @@ void frmMain::mnuFileOpne_Click() {
     zTrapVoid("mnuFileOpne_Click", [&] {
         std::string path = zDlgOpenFile("Open Database", 0, "Brasswick Works Databases (*.bwd)|*.bwd");
         if (!path.empty()) zOpenDatabase(path);
+    });
+}
+
+// ---- Vehicle commands -------------------------------------------------------
+
+void frmMain::zNewVehicle() {
+    bool waiting = false;
+    zTrapVoid("zNewVehicle", [&] {
+        frmNVhl dlg;
+        dlg.Form_Load();
+        dlg.Visible = true;
+        if (ShowNewVehicle) ShowNewVehicle(dlg);
+        dlg.Visible = false;
+        if (dlg.wCancel != 0) return;
+
+        zPointerWait();
+        waiting = true;
+        auto v = std::make_shared<Vehicle>();
+        auto editor = std::make_unique<frmVhl>();
+        editor->vhl = v;
+        v->frm = editor.get();
+        editor->Form_Load();
+        v->SetTechBase(dlg.TechBase());
+        v->SetTechLevel(dlg.TechLevel());
+        v->SetType(dlg.VhlType());
+        // Every new design starts as five tons at one movement point.
+        v->SetTonnage(5);
+        v->SetCruiseSpeed(1);
+        zSetStartPos(editor->Left, editor->Top, editor->Width, editor->Height);
+        editor->zSetUpBaseData();
+        editor->SSTab1_Click(0);
+        if (ShowVehicleEditor) ShowVehicleEditor(std::move(editor));
+        zPointerNormal();
+        waiting = false;
+    });
+    if (waiting) zPointerNormal();
+}
+
+void frmMain::zOpenVehicle() {
+    bool waiting = false;
+    zTrapVoid("zOpenVehicle", [&] {
+        const int16_t sel = zPickVehicleToOpen();
+        if (sel < 0 || static_cast<size_t>(sel) >= gVehicles.size() || !gVehicles[static_cast<size_t>(sel)]) return;
+
+        zPointerWait();
+        waiting = true;
+        // The editor works on its own copy: the table keeps its object until
+        // a save hands the copy over.
+        auto v = std::make_shared<Vehicle>(*gVehicles[static_cast<size_t>(sel)]);
+        auto editor = std::make_unique<frmVhl>();
+        editor->vhl = v;
+        v->frm = editor.get();
+        editor->Form_Load();
+        editor->wLoading = kTrue;
+        zSetStartPos(editor->Left, editor->Top, editor->Width, editor->Height);
+        editor->zSetUpBaseData();
+        editor->zShowStoredDesign();
+        editor->wLoading = kFalse;
+        editor->zSetSaved(kTrue);
+        editor->SSTab1_Click(0);
+        if (ShowVehicleEditor) ShowVehicleEditor(std::move(editor));
+        zPointerNormal();
+        waiting = false;
+    });
+    if (waiting) zPointerNormal();
+}
+
+void frmMain::zDeleteVehicle() { zTrapVoid("zDeleteVehicle", [] { bw::zDeleteVehicle(); }); }
+
+int16_t frmMain::zPickDesign(DesignKind kind, const std::string& caption, const std::string& action) {
+    return zTrap<int16_t>("zPickDesign", -1, [&]() -> int16_t {
+        if (kind == DesignKind::Vehicle) return zShowPicker<frmVOpen>(caption, action, ShowVehiclePicker);
+        return zShowPicker<frmFOpen>(caption, action, ShowFighterPicker);
     });
 }
 

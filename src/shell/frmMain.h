@@ -4,13 +4,20 @@
 
 #include <cstdint>
 #include <functional>
+#include <memory>
 #include <string>
 #include <vector>
 
 #include "core/Controls.h"
 #include "core/Forms.h"
+#include "database/DatabaseOps.h"
 
 namespace bw {
+
+class frmNVhl;
+class frmVhl;
+class frmVOpen;
+class frmFOpen;
 
 class frmMain : public IForm {
 public:
@@ -86,9 +93,29 @@ public:
     void zOpenDatabase(const std::string& path);
     void mnuFileOpne_Click();
 
+    // Vehicle commands. New: the New Vehicle dialog, then an editor on a
+    // fresh design. Open: an editor on a copy of a stored design, so that an
+    // abandoned edit leaves the table's entry alone. Delete: forwarded.
+    void zNewVehicle();
+    void zOpenVehicle();
+    void zDeleteVehicle();
+    // The picker behind gPickDesign (Form_Load installs it): shows frmVOpen
+    // or frmFOpen through the modal shows below; the picked index or -1.
+    int16_t zPickDesign(DesignKind kind, const std::string& caption, const std::string& action);
+
     // What the window system does for the commands that show windows.
     std::function<void()> ShowSettings;  // frmSet, modal
     std::function<void()> ShowAbout;     // frmAbout, modal
+    // The New Vehicle dialog, modal: its Form_Load has run; returns once the
+    // dialog is hidden. Unset: nothing is shown and nothing is created.
+    std::function<void(frmNVhl&)> ShowNewVehicle;
+    // Takes a ready editor and shows it; the window owns it from then on.
+    // Unset: the editor goes away at once.
+    std::function<void(std::unique_ptr<frmVhl>)> ShowVehicleEditor;
+    // The pickers, modal: the show activates the dialog (Form_Activate) and
+    // returns once it is hidden. Unset: nothing is picked.
+    std::function<void(frmVOpen&)> ShowVehiclePicker;
+    std::function<void(frmFOpen&)> ShowFighterPicker;
     // The main window goes away after a walk that nobody refused; the
     // window system must not run Form_Unload again for it.
     std::function<void()> CloseWindow;

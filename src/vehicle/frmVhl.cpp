@@ -459,6 +459,111 @@ void frmVhl::zSetUpBaseData() {
     });
 }
 
+void frmVhl::zShowStoredDesign() {
+    const int16_t wasLoading = wLoading;
+    // Every input's own command returns at once while loading: the inputs
+    // follow the design, the design does not follow the inputs.
+    wLoading = kTrue;
+    zTrapVoid("zShowStoredDesign", [&] {
+        const Vehicle& v = *vhl;
+        // A figure outside an input's range (a file not made here) stops at
+        // the limit of the input; the design keeps its own figure.
+        auto put = [](ScrollBar& s, int32_t value) {
+            s.SetValue(static_cast<int16_t>(std::clamp<int32_t>(value, s.Min(), s.Max())));
+        };
+        // A tonnage as a whole input step; nothing from a file can overflow it.
+        auto whole = [](double t) { return t >= 0 && t <= 32767 ? zCLng(t) : int32_t{t > 32767 ? 32767 : 0}; };
+        auto box = [](CheckBox& b, int16_t flag) { b.SetValue(flag != 0 ? 1 : 0); };
+        auto pick = [](ComboBox& c, int32_t index) {
+            if (index >= 0 && index < c.ListCount()) c.SetListIndex(index);
+        };
+
+        TName.SetText(v.Name);
+        put(scrlTonnage, v.Tonnage);
+        TTonnage.SetText(std::to_string(v.Tonnage));
+        put(scrlSpeed, v.CruiseSpeed);
+        TCruise.SetText(std::to_string(v.CruiseSpeed));
+        LFlank.SetCaption(std::to_string(v.FlankSpeed));
+        pick(cmboEngType, zGetEngineIdx(v.EngineType));
+
+        // Options and their number inputs.
+        box(CBoxAmphibEquip, v.HasAmphibEquip);
+        box(CBoxBulldozer, v.HasBulldozer);
+        box(CBoxCoolantSystem, v.HasCoolantSystem);
+        box(CBoxDuneBuggy, v.HasDuneBuggyEquip);
+        box(CBoxMinesweeper, v.HasMinesweeper);
+        box(CBoxSnowmobileEquip, v.HasSnowmobileEquip);
+        box(CBoxSupercharger, v.HasSupercharger);
+        box(CBoxMastMount, v.HasMastMount);
+        box(CBoxBridgelayer, v.HasBridgeLayer);
+        cmboBridgelayer.SetVisible(v.HasBridgeLayer != 0);
+        pick(cmboBridgelayer, v.BridgeLayerType);
+        box(CBoxJJs, v.HasJumpJet);
+        zNumberInput(scrlJJs, &LJJs, v.HasJumpJet != 0 ? 1 : 0);
+        scrlJJs.SetMax(std::max<int16_t>(v.CruiseSpeed, scrlJJs.Min()));
+        if (v.HasJumpJet != 0) {
+            put(scrlJJs, v.NumJumpJets);
+            LJJs.SetCaption(std::to_string(v.NumJumpJets));
+        }
+        box(CBoxMASHUnit, v.HasMASHUnit);
+        zNumberInput(scrlMASHUnits, &LMASHCount, v.HasMASHUnit != 0 ? 1 : 0);
+        if (v.HasMASHUnit != 0) {
+            put(scrlMASHUnits, v.MASHTheatres);
+            LMASHCount.SetCaption(std::to_string(v.MASHTheatres));
+        }
+        box(CBoxMobileHQ, v.HasMobileHQ);
+        zNumberInput(scrlMobileHQ, nullptr, v.HasMobileHQ != 0 ? 1 : 0);
+        if (v.HasMobileHQ != 0) put(scrlMobileHQ, whole(v.MobileHQTonnage));
+        pick(cmboRotorArrangement, v.RotorConfig);
+
+        // Turrets decide which armor inputs and which diagram are shown.
+        box(CBoxHasTurret, v.HasTurret);
+        box(CBoxHasSecondTurret, v.HasSecTurret);
+        box(CBoxHasSponsonTurret, v.HasSponsonTurrets);
+        zChangePicture();
+
+        // Targeting computer: its list names the turrets mounted, then
+        // "Body" last.
+        box(CBoxTC, v.HasTC);
+        cmboTCLoc.SetVisible(v.HasTC != 0);
+        LTCLocationDesc.SetVisible(v.HasTC != 0);
+        zUpdateTCLocations();
+        if (v.HasTC != 0) {
+            int32_t at = -1;
+            if (v.TCLocation >= kLocFront && v.TCLocation <= kLocRear) at = v.TCLocation;
+            else if (v.TCLocation == kLocTurret && v.HasTurret != 0) at = 4;
+            else if (v.TCLocation == kLocSecondTurret && v.HasSecTurret != 0) at = v.HasTurret != 0 ? 5 : 4;
+            else if (v.TCLocation == kLocBody) at = cmboTCLoc.ListCount() - 1;
+            pick(cmboTCLoc, at);
+        }
+
+        // Crew aboard, never below what the tonnage requires.
+        scrlAdditionalCrew.SetMin(std::min<int16_t>(v.BaseCrew, scrlAdditionalCrew.Max()));
+        put(scrlAdditionalCrew, v.NumCrew);
+        TAdditionalCrew.SetText(std::to_string(v.NumCrew));
+
+        // Armor: type, tonnage in half tons, and each location.
+        pick(cmboArmorType, v.ArmorType);
+        put(scrlArmorTonnage, whole(v.ArmorTonnage * 2));
+        const int16_t stored[12] = {v.FrontArmor,      v.LeftArmor,      v.RightArmor,     v.RearArmor,
+                                    v.TurretArmor,     v.SecTurretArmor, 0,                0,
+                                    v.FrontRightArmor, v.FrontLeftArmor, v.RearRightArmor, v.RearLeftArmor};
+        for (int16_t loc = 0; loc < 12; ++loc) {
+            if (!IsArmorLoc(loc)) continue;
+            ScrollBar& s = scrlArmorLoc[loc];
+            const int16_t value = std::max<int16_t>(stored[loc], 0);
+            if (s.Max() < value) s.SetMax(value);
+            s.SetValue(value);
+            TArmorLoc[loc].SetText(std::to_string(value));
+        }
+        zUpdateArmor();
+
+        // The mounted items, and with them the figures as stored.
+        zUpdateWeapons();
+    });
+    wLoading = wasLoading;
+}
+
 void frmVhl::zUpdateTonnageLists() {
     zTrapVoid("zUpdateTonnageLists", [&] {
         Vehicle& v = *vhl;
