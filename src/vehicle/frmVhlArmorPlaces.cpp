@@ -1,7 +1,8 @@
 // Where each location's armor input stands on the editor's armor diagram.
-// The spots are the centres of the locations' outlines in the fourteen plan
-// views (picture pixels), picked clear of the neighbouring locations so an
-// input never hides the part of the drawing next to it.
+// The spots are near the centres of the locations' outlines in the fourteen
+// plan views (picture pixels), picked so that the input stays inside its
+// location and off its caption; the V.T.O.L.'s tail and rotor are narrower
+// than an input, which then stands on their middle.
 #include <array>
 
 #include "core/Vocabulary.h"
@@ -20,21 +21,21 @@ using Spots = std::array<Spot, 12>;
 constexpr Spots kGround{{{120, 46}, {35, 189}, {205, 189}, {120, 347}, {120, 192}}};
 constexpr Spots kGroundTwoTurrets{{{120, 46}, {35, 201}, {205, 201}, {120, 353}, {120, 134}, {120, 226}}};
 // Without a chin turret the rotor sits on the body's centre.
-constexpr Spots kVTOL{{{116, 51}, {79, 113}, {152, 113}, {116, 237}, {}, {116, 96}}};
+constexpr Spots kVTOL{{{116, 51}, {79, 113}, {152, 113}, {116, 255}, {}, {116, 96}}};
 constexpr Spots kVTOLChin{{{116, 113}, {48, 152}, {184, 152}, {116, 267}, {116, 52}, {116, 162}}};
 constexpr Spots kNaval{{{546, 174}, {295, 102}, {283, 246}, {76, 174}, {425, 174}}};
-constexpr Spots kSuperHeavy{{{120, 46},
+constexpr Spots kSuperHeavy{{{120, 34},
                              {},
                              {},
-                             {120, 353},
-                             {120, 146},
-                             {120, 262},
+                             {120, 340},
+                             {120, 133},
+                             {120, 249},
                              {},
                              {},
-                             {205, 137},
-                             {35, 137},
-                             {205, 264},
-                             {35, 264}}};
+                             {205, 108},
+                             {35, 110},
+                             {205, 236},
+                             {35, 238}}};
 
 }  // namespace
 

@@ -4,6 +4,10 @@
 #include <QTreeWidgetItemIterator>
 #include <QPointer>
 #include <QSignalBlocker>
+#include <QToolButton>
+#include <QVBoxLayout>
+#include <QHBoxLayout>
+#include <QEvent>
 
 #include <map>
 
@@ -57,6 +61,27 @@ void BindLabel(QLabel* w, Label& c) {
     });
 }
 
+namespace {
+// Runs a text box's focus events, which carry the focus colours and the
+// corrections made when the user leaves a box.
+class FocusEvents : public QObject {
+public:
+    FocusEvents(QLineEdit* w, TextBox& c) : QObject(w), c_(c) {}
+
+protected:
+    bool eventFilter(QObject*, QEvent* e) override {
+        if (e->type() == QEvent::FocusIn && c_.GotFocus)
+            zTrapVoid(c_.Name.c_str(), [&] { c_.GotFocus(); });
+        else if (e->type() == QEvent::FocusOut && c_.LostFocus)
+            zTrapVoid(c_.Name.c_str(), [&] { c_.LostFocus(); });
+        return false;
+    }
+
+private:
+    TextBox& c_;
+};
+}  // namespace
+
 void BindTextBox(QLineEdit* w, TextBox& c) {
     Watch(w, c, [&c](QLineEdit* x) {
         QSignalBlocker b(x);
@@ -66,10 +91,54 @@ void BindTextBox(QLineEdit* w, TextBox& c) {
         x->setEnabled(c.Enabled());
         x->setReadOnly(c.Locked);
         if (c.MaxLength > 0) x->setMaxLength(c.MaxLength);
+        QPalette p = x->palette();
+        if (c.BackColor() >= 0) p.setColor(QPalette::Base, FromWinColor(c.BackColor()));
+        if (c.ForeColor() >= 0) p.setColor(QPalette::Text, FromWinColor(c.ForeColor()));
+        x->setPalette(p);
     });
     QObject::connect(w, &QLineEdit::textEdited, [&c](const QString& t) {
         zTrapVoid(c.Name.c_str(), [&] { c.SetText(ToModel(t)); });
     });
+    w->installEventFilter(new FocusEvents(w, c));
+}
+
+UpDown::UpDown(ScrollBar& model, QWidget* parent) : QWidget(parent), model_(model) {
+    setObjectName(QString::fromStdString(model.Name));
+    auto* box = new QVBoxLayout(this);
+    box->setContentsMargins(0, 0, 0, 0);
+    box->setSpacing(0);
+    for (int i = 0; i < 2; ++i) {
+        auto* b = new QToolButton(this);
+        b->setArrowType(i == 0 ? Qt::UpArrow : Qt::DownArrow);
+        b->setAutoRepeat(true);
+        b->setFocusPolicy(Qt::NoFocus);
+        b->setFixedSize(16, 11);
+        b->setObjectName(i == 0 ? "up" : "down");
+        box->addWidget(b);
+        QObject::connect(b, &QToolButton::clicked, this, [this, i] {
+            zTrapVoid(model_.Name.c_str(), [&] {
+                if (i == 0) model_.StepUp();
+                else model_.StepDown();
+            });
+        });
+    }
+    BindCommon(this, model);
+}
+
+QWidget* NumberInput(QLineEdit* text, TextBox& textModel, ScrollBar& scrlModel, QWidget* parent) {
+    auto* w = new QWidget(parent);
+    auto* row = new QHBoxLayout(w);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->setSpacing(1);
+    text->setParent(w);
+    text->setAlignment(Qt::AlignRight);
+    text->setObjectName(QString::fromStdString(textModel.Name));
+    BindTextBox(text, textModel);
+    row->addWidget(text);
+    row->addWidget(new UpDown(scrlModel, w));
+    // The pair shows and hides together, following the up-down.
+    Watch(w, scrlModel, [&scrlModel](QWidget* x) { x->setVisible(scrlModel.Visible()); });
+    return w;
 }
 
 void BindScrollBar(QSpinBox* w, ScrollBar& c) {

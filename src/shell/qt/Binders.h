@@ -26,7 +26,23 @@ namespace bw::qt {
 // Visible and enabled follow the model.
 void BindCommon(QWidget* w, Control& c);
 void BindLabel(QLabel* w, Label& c);
+// Text, colours and the focus events (GotFocus, LostFocus) of a text box.
 void BindTextBox(QLineEdit* w, TextBox& c);
+
+// An up-down: two arrow buttons that step the model by its small change and
+// stop at its limits, as the old spin control beside a text box did.
+class UpDown : public QWidget {
+public:
+    UpDown(ScrollBar& model, QWidget* parent);
+
+private:
+    ScrollBar& model_;
+};
+
+// A text box with its up-down, the pair the editors use for every number:
+// the up-down writes the text through its rule, the text applies itself when
+// the user leaves it.
+QWidget* NumberInput(QLineEdit* text, TextBox& textModel, ScrollBar& scrlModel, QWidget* parent);
 void BindScrollBar(QSpinBox* w, ScrollBar& c);
 void BindScrollBar(QScrollBar* w, ScrollBar& c);
 void BindCheckBox(QCheckBox* w, CheckBox& c);

@@ -1,0 +1,74 @@
+// The vehicle editor in Qt: one window per design, laid out on three tabs
+// (general data and equipment, armor, the armor diagram) around the model
+// frmVhl, which keeps every rule. The window owns its model; several can be
+// open at once.
+#pragma once
+
+#include <array>
+#include <memory>
+
+#include <QWidget>
+
+#include "vehicle/frmVhl.h"
+
+class QCloseEvent;
+class QSvgRenderer;
+class QTabWidget;
+
+namespace bw::qt {
+
+// The armor diagram with each location's input standing on its part of the
+// drawing, at the spots the model chose.
+class ArmorDiagram : public QWidget {
+    Q_OBJECT
+public:
+    ArmorDiagram(frmVhl& model, QWidget* parent);
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override { return sizeHint(); }
+    // Picture pixels to widget pixels: larger than the printed size, so the
+    // inputs fit inside their locations.
+    static constexpr double kScale = 1.5;
+    static double Scale(QSize picture);
+    // The input of location i (for checks).
+    QWidget* Input(int i) const { return inputs_[static_cast<size_t>(i)]; }
+
+protected:
+    void paintEvent(QPaintEvent*) override;
+
+private:
+    void Reload();
+    void Place();
+    frmVhl& model_;
+    QSvgRenderer* svg_;
+    std::array<QWidget*, 12> inputs_{};
+    QString shown_;
+};
+
+class VehicleEditor : public QWidget {
+    Q_OBJECT
+public:
+    // Takes the editor model whose design is already set up.
+    explicit VehicleEditor(std::unique_ptr<frmVhl> model, QWidget* parent = nullptr);
+    ~VehicleEditor() override;
+    frmVhl& Model() { return *model_; }
+    QTabWidget* Tabs() const { return tabs_; }
+
+protected:
+    void closeEvent(QCloseEvent* e) override;
+
+private:
+    QWidget* GeneralTab();
+    QWidget* ArmorTab();
+    QWidget* DiagramTab();
+    void OpenWeaponData(const TreeView& tree);
+
+    std::unique_ptr<frmVhl> model_;
+    QTabWidget* tabs_ = nullptr;
+    // Set once the model has unloaded, so the close goes through.
+    bool unloaded_ = false;
+};
+
+// Shows an editor for a ready model, placed at its twips position.
+VehicleEditor* zShowVehicleEditor(std::unique_ptr<frmVhl> model);
+
+}  // namespace bw::qt
