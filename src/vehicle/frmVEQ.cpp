@@ -47,6 +47,7 @@ frmVEQ::frmVEQ() {
     wBodyDesc.SetCaption(zItemLocationName(kLocBody, 0));
     PButDone.SetCaption("&Done");
     PButDone.Click = [this] { PButDone_Click(); };
+    for (int16_t i : {0, 1, 2, 3, 4, 5, 6, 7, 99}) LBoxLoc(i).DblClick = [this, i] { LBoxLoc_DblClick(i); };
 }
 
 ListBox& frmVEQ::LBoxLoc(int16_t i) {
