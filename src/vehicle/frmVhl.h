@@ -50,7 +50,7 @@ public:
     // The armor diagram shown, numbered as the sheet's picture holder.
     int16_t wArmorPicture = -1;
     // Where the window stands, in twips; the main window's cascade places it.
-    int32_t Left = 0, Top = 0, Width = 11400, Height = 8700;
+    int32_t Left = 0, Top = 0, Width = 11520, Height = 11775;
     // Each location's armor input on the diagram (zMoveArmorControls): the
     // centre of its spot in the picture's pixels, -1 where it has none.
     std::array<int16_t, 12> ArmorLocLeft{}, ArmorLocTop{};

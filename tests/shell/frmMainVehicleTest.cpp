@@ -329,6 +329,9 @@ TEST_F(VehicleCommands, ASuperHeavyTankStartsAtTheBottomOfItsRange) {
 }
 
 TEST_F(VehicleCommands, TwoNewVehiclesAreIndependentAndCascade) {
+    // A full-HD screen holds two editors without the cascade restarting.
+    m.ScreenWidth = 1920 * 15;
+    m.ScreenHeight = 1080 * 15;
     frmVhl& a = New(kVhlTracked, 0, 3);
     frmVhl& b = New(kVhlTracked, 0, 3);
     ASSERT_EQ(editors.size(), 2u);

@@ -16,6 +16,7 @@
 #include "shell/qt/Binders.h"
 #include "shell/qt/Icons.h"
 #include "shell/qt/SettingsDialog.h"
+#include "shell/qt/VehicleEditor.h"
 
 namespace bw::qt {
 
@@ -61,6 +62,8 @@ MainWindow::MainWindow(frmMain& model, QWidget* parent) : QMainWindow(parent), m
 
     model_.ShowSettings = [this] { ShowSettings(); };
     model_.ShowAbout = [this] { ShowAbout(); };
+    // Editors are windows of their own: several at once, each on its design.
+    model_.ShowVehicleEditor = [](std::unique_ptr<frmVhl> editor) { zShowVehicleEditor(std::move(editor)); };
     model_.CloseWindow = [this] {
         walked_ = true;
         close();
@@ -74,6 +77,7 @@ MainWindow::~MainWindow() {
     for (auto [control, id] : subscriptions_) control->Unsubscribe(id);
     model_.ShowSettings = nullptr;
     model_.ShowAbout = nullptr;
+    model_.ShowVehicleEditor = nullptr;
     model_.CloseWindow = nullptr;
 }
 
