@@ -7,6 +7,7 @@
 
 #include "core/Errors.h"
 #include "core/Helpers.h"
+#include "core/Progress.h"
 #include "core/Settings.h"
 #include "core/Ui.h"
 #include "core/Vocabulary.h"
@@ -131,8 +132,15 @@ void frmVhl::zWireControls() {
     PButSave.Click = [this] { PButSave_Click(); };
     PButClose.Click = [this] { RequestUnload(); };
     PButAllocate.Click = [this] { PButAllocate_Click(); };
+    // Keys first: opening a group of the available tree fills it, which
+    // moves the nodes under the walk.
     auto openAll = [](TreeView& tv, bool open) {
-        for (const TreeView::Node* n : tv.Children("")) tv.SetExpanded(n->Key, open);
+        std::vector<std::string> keys;
+        for (const TreeView::Node* n : tv.Children("")) keys.push_back(n->Key);
+        zTrapVoid(open ? "PButExpand_Click" : "PButCollapse_Click", [&] {
+            for (const std::string& k : keys)
+                if (tv.Find(k)) tv.SetExpanded(k, open);
+        });
     };
     PButExpandAvail.Click = [this, openAll] { openAll(tvAvailEq, true); };
     PButCollapseAvail.Click = [this, openAll] { openAll(tvAvailEq, false); };
@@ -1049,7 +1057,13 @@ void frmVhl::zChangePicture() {
 // ---- Equipment --------------------------------------------------------------
 
 void frmVhl::zLoadValidWeapons() {
-    zTrapVoid("zLoadValidWeapons", [&] { wValid = zValidVehicleWeapons(vhl->TechBase, vhl->TechLevel, vhl->VhlType); });
+    const int32_t rows = static_cast<int32_t>(gWeapons.size());
+    zMainProgress(rows, "Loading valid weapons...");
+    zTrapVoid("zLoadValidWeapons", [&] {
+        wValid = zValidVehicleWeapons(vhl->TechBase, vhl->TechLevel, vhl->VhlType);
+        zMainProgressSet(rows);
+    });
+    zMainProgressEnd();
 }
 
 void frmVhl::zRefreshWeaponsAvail() {
@@ -1072,6 +1086,11 @@ void frmVhl::tvAvailEq_Expand(const std::string& key) {
     zTrapVoid("tvAvailEq_Expand", [&] {
         if (!StartsWith(key, "node")) return;
         const auto kids = tvAvailEq.Children(key);
+        // A group without rows has nothing to show and stays closed.
+        if (kids.empty()) {
+            tvAvailEq.SetExpanded(key, false);
+            return;
+        }
         if (kids.size() != 1 || !StartsWith(kids[0]->Key, "BLANK")) return;
         const int c = std::stoi(key.substr(4));
         if (c < 0 || c > 5) return;
@@ -1137,7 +1156,9 @@ void frmVhl::zUpdateWeapons() {
 }
 
 void frmVhl::zExpandSelected() {
-    for (const TreeView::Node* n : tvSelectedEq.Children("")) tvSelectedEq.SetExpanded(n->Key, true);
+    std::vector<std::string> keys;
+    for (const TreeView::Node* n : tvSelectedEq.Children("")) keys.push_back(n->Key);
+    for (const std::string& k : keys) tvSelectedEq.SetExpanded(k, true);
 }
 
 void frmVhl::PButAllocate_Click() {

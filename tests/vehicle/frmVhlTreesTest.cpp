@@ -1,0 +1,397 @@
+// The editor's two equipment trees: the available tree by class, filled when
+// a group opens, with its show boxes; the selected tree by location; adding
+// and removing through them, and the slot rule seen from the editor.
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "core/Progress.h"
+#include "core/Settings.h"
+#include "database/DatabaseOps.h"
+#include "VehicleTestSupport.h"
+#include "vehicle/frmVhl.h"
+
+using namespace bw;
+using namespace bw::test;
+
+namespace {
+
+class TreesTest : public VehicleTest {
+protected:
+    int16_t savedExpand = gExpandSel;
+    std::unique_ptr<frmVhl> win;
+
+    void TearDown() override {
+        gExpandSel = savedExpand;
+        win.reset();
+        zResetDatabase();
+    }
+    frmVhl& New(int16_t type, int16_t base = 0, int16_t level = 3, int16_t tons = 5) {
+        win = std::make_unique<frmVhl>();
+        auto v = std::make_shared<Vehicle>();
+        win->vhl = v;
+        v->frm = win.get();
+        win->Form_Load();
+        v->SetTechBase(base);
+        v->SetTechLevel(level);
+        v->SetType(type);
+        v->SetTonnage(5);
+        v->SetCruiseSpeed(1);
+        win->zSetUpBaseData();
+        if (tons != 5) win->scrlTonnage.SetValue(tons);
+        return *win;
+    }
+    // "key:text" of the children of a node, in tree order ("" for roots).
+    static std::vector<std::string> Kids(const TreeView& tv, const std::string& parent) {
+        std::vector<std::string> out;
+        for (const TreeView::Node* n : tv.Children(parent)) out.push_back(n->Key + ":" + n->Text);
+        return out;
+    }
+    void Add(int16_t row) {
+        const std::string group = "node" + std::to_string(gWeapons[static_cast<size_t>(row)].Type);
+        win->tvAvailEq.SetExpanded(group, true);
+        win->tvAvailEq.Select("w" + std::to_string(row));
+        win->PButEquipment[0].DoClick();
+    }
+    void Remove(const std::string& key) {
+        win->tvSelectedEq.Select(key);
+        win->PButEquipment[1].DoClick();
+    }
+    void Place(int16_t row, int16_t num, int16_t loc) {
+        Vehicle& v = *win->vhl;
+        for (size_t i = 0; i < v.Items.size(); ++i)
+            if (v.Items[i].wStatus == kTrue && v.Items[i].wType == row && v.Items[i].wNum == num)
+                v.UpdateWeaponLocation(static_cast<int16_t>(i), loc);
+        win->zUpdateWeapons();
+    }
+};
+
+const std::vector<std::string> kGroups = {"node0:Energy Weapons", "node1:Ballistic Weapons", "node2:Missile Weapons",
+                                          "node3:Equipment",      "node4:Ammunition",        "node5:Artillery"};
+
+}  // namespace
+
+// ---- The available tree ---------------------------------------------------------
+
+TEST_F(TreesTest, GroupsInClassOrderWithAPlaceholderWhereTheClassHasRows) {
+    frmVhl& e = New(kVhlTracked, 0, 1);
+    EXPECT_EQ(Kids(e.tvAvailEq, ""), kGroups);
+    // Level 1 Inner Sphere: no missile row (the only one is level 3) and no
+    // artillery (level 2).
+    EXPECT_EQ(Kids(e.tvAvailEq, "node0"), (std::vector<std::string>{"BLANK0:"}));
+    EXPECT_EQ(Kids(e.tvAvailEq, "node1"), (std::vector<std::string>{"BLANK1:"}));
+    EXPECT_TRUE(Kids(e.tvAvailEq, "node2").empty());
+    EXPECT_EQ(Kids(e.tvAvailEq, "node3"), (std::vector<std::string>{"BLANK3:"}));
+    EXPECT_EQ(Kids(e.tvAvailEq, "node4"), (std::vector<std::string>{"BLANK4:"}));
+    EXPECT_TRUE(Kids(e.tvAvailEq, "node5").empty());
+    EXPECT_TRUE(e.PButExpandAvail.Enabled());
+    EXPECT_TRUE(e.PButCollapseAvail.Enabled());
+    for (const auto& n : e.tvAvailEq.Nodes()) EXPECT_FALSE(n.Expanded) << n.Key;
+
+    // Clan level 3: its own laser only among the energy weapons, nothing else.
+    New(kVhlTracked, 1, 3);
+    EXPECT_EQ(win->wValid[0], (std::vector<int16_t>{kClanLaser}));
+    EXPECT_EQ(Kids(win->tvAvailEq, "node0"), (std::vector<std::string>{"BLANK0:"}));
+    for (int c = 1; c < 6; ++c) EXPECT_TRUE(Kids(win->tvAvailEq, "node" + std::to_string(c)).empty()) << c;
+    EXPECT_TRUE(fake.ui.boxes.empty());
+}
+
+TEST_F(TreesTest, AGroupIsFilledOnceWhenOpenedInListOrder) {
+    frmVhl& e = New(kVhlTracked, 0, 2);
+    std::vector<bool> buttonsWhileFilling;
+    e.tvAvailEq.Subscribe([&] { buttonsWhileFilling.push_back(e.PButExpandAvail.Enabled()); });
+    const int waits = fake.ui.pointerWaits;
+    e.tvAvailEq.SetExpanded("node0", true);
+    EXPECT_EQ(Kids(e.tvAvailEq, "node0"),
+              (std::vector<std::string>{"w0:Medium Laser", "w1:Large Laser", "w11:Flamer", "w12:Hot Laser"}));
+    EXPECT_EQ(fake.ui.pointerWaits, waits + 1);
+    EXPECT_EQ(fake.ui.pointerNormals, fake.ui.pointerWaits);
+    // The expand itself, then the placeholder's removal and four rows with
+    // the buttons off.
+    ASSERT_EQ(buttonsWhileFilling.size(), 6u);
+    for (size_t i = 1; i < buttonsWhileFilling.size(); ++i) EXPECT_FALSE(buttonsWhileFilling[i]) << i;
+    EXPECT_TRUE(e.PButExpandAvail.Enabled());
+    EXPECT_TRUE(e.PButCollapseAvail.Enabled());
+
+    // Closed and opened again: the rows are not added twice.
+    e.tvAvailEq.SetExpanded("node0", false);
+    e.tvAvailEq.SetExpanded("node0", true);
+    EXPECT_EQ(Kids(e.tvAvailEq, "node0").size(), 4u);
+    EXPECT_EQ(fake.ui.pointerWaits, waits + 1);
+
+    // A group of a single row: once filled, its one child is a row, not a
+    // placeholder.
+    e.tvAvailEq.SetExpanded("node5", true);
+    EXPECT_EQ(Kids(e.tvAvailEq, "node5"), (std::vector<std::string>{"w13:Long Tom"}));
+    e.tvAvailEq.SetExpanded("node5", false);
+    e.tvAvailEq.SetExpanded("node5", true);
+    EXPECT_EQ(Kids(e.tvAvailEq, "node5"), (std::vector<std::string>{"w13:Long Tom"}));
+
+    // A group without rows has nothing to open and stays closed.
+    e.tvAvailEq.SetExpanded("node2", true);
+    EXPECT_TRUE(Kids(e.tvAvailEq, "node2").empty());
+    EXPECT_FALSE(e.tvAvailEq.Find("node2")->Expanded);
+
+    // A row is not a group: opening it does nothing.
+    e.tvAvailEq.Expand("w0");
+    EXPECT_EQ(Kids(e.tvAvailEq, "node0").size(), 4u);
+    EXPECT_TRUE(fake.ui.boxes.empty());
+}
+
+TEST_F(TreesTest, ExpandAllOpensAndFillsEveryGroup) {
+    frmVhl& e = New(kVhlTracked, 0, 2);
+    e.PButExpandAvail.DoClick();
+    EXPECT_EQ(Kids(e.tvAvailEq, "node3"),
+              (std::vector<std::string>{"w5:Cargo Space", "w6:Passengers", "w10:Searchlight"}));
+    EXPECT_EQ(Kids(e.tvAvailEq, "node4"), (std::vector<std::string>{"w3:AC/5 Ammo", "w4:SRM 2 Ammo"}));
+    EXPECT_TRUE(e.tvAvailEq.Find("node1")->Expanded);
+    e.PButCollapseAvail.DoClick();
+    for (const auto* n : e.tvAvailEq.Children("")) EXPECT_FALSE(n->Expanded) << n->Key;
+    EXPECT_EQ(e.tvAvailEq.Count(), 6 + 4 + 1 + 3 + 2 + 1);
+}
+
+TEST_F(TreesTest, NavalRowsAreOfferedToTheSuperHeavyTankAndNotToTracked) {
+    New(kVhlSuperHeavy, 0, 3);
+    win->tvAvailEq.SetExpanded("node1", true);
+    EXPECT_EQ(Kids(win->tvAvailEq, "node1"), (std::vector<std::string>{"w2:AC/5", "w7:Naval Gun"}));
+    Add(kNavalGun);
+    EXPECT_EQ(win->vhl->WeaponCount(), 1);
+
+    New(kVhlTracked, 0, 3);
+    win->tvAvailEq.SetExpanded("node1", true);
+    EXPECT_EQ(Kids(win->tvAvailEq, "node1"), (std::vector<std::string>{"w2:AC/5"}));
+    // And to the naval types.
+    New(kVhlSubmarine, 0, 1);
+    win->tvAvailEq.SetExpanded("node1", true);
+    EXPECT_EQ(Kids(win->tvAvailEq, "node1"), (std::vector<std::string>{"w2:AC/5", "w7:Naval Gun"}));
+}
+
+TEST_F(TreesTest, ShowBoxesRemoveAGroupAtOnceAndRebuildOnSet) {
+    frmVhl& e = New(kVhlTracked, 0, 2);
+    e.tvAvailEq.SetExpanded("node0", true);
+    e.tvAvailEq.SetExpanded("node3", true);
+
+    e.CBoxShowType[1].SetValue(0);
+    EXPECT_EQ(e.tvAvailEq.Find("node1"), nullptr);
+    EXPECT_EQ(e.tvAvailEq.Find("BLANK1"), nullptr);
+    // The others are untouched, open state included.
+    EXPECT_TRUE(e.tvAvailEq.Find("node0")->Expanded);
+    EXPECT_EQ(Kids(e.tvAvailEq, "node0").size(), 4u);
+
+    e.CBoxShowType[4].SetValue(0);
+    EXPECT_EQ(Kids(e.tvAvailEq, ""), (std::vector<std::string>{kGroups[0], kGroups[2], kGroups[3], kGroups[5]}));
+
+    // Setting a box rebuilds the whole tree from the lists: the group comes
+    // back in its place, and every group is closed again with its
+    // placeholder. The boxes are off meanwhile.
+    std::vector<bool> boxesDuringRebuild;
+    e.tvAvailEq.Subscribe([&] { boxesDuringRebuild.push_back(e.CBoxShowType[0].Enabled()); });
+    e.CBoxShowType[1].SetValue(1);
+    EXPECT_EQ(Kids(e.tvAvailEq, ""), (std::vector<std::string>{kGroups[0], kGroups[1], kGroups[2], kGroups[3], kGroups[5]}));
+    EXPECT_EQ(Kids(e.tvAvailEq, "node0"), (std::vector<std::string>{"BLANK0:"}));
+    EXPECT_FALSE(e.tvAvailEq.Find("node0")->Expanded);
+    ASSERT_FALSE(boxesDuringRebuild.empty());
+    for (bool b : boxesDuringRebuild) EXPECT_FALSE(b);
+    for (const CheckBox& b : e.CBoxShowType) EXPECT_TRUE(b.Enabled());
+
+    // With every box cleared the tree is empty; a selected row goes with its
+    // group and Add then does nothing.
+    e.tvAvailEq.SetExpanded("node0", true);
+    e.tvAvailEq.Select("w0");
+    for (CheckBox& b : e.CBoxShowType) b.SetValue(0);
+    EXPECT_EQ(e.tvAvailEq.Count(), 0);
+    e.PButEquipment[0].DoClick();
+    EXPECT_EQ(e.vhl->WeaponCount(), 0);
+    EXPECT_TRUE(fake.ui.boxes.empty());
+}
+
+// ---- Adding and removing -----------------------------------------------------------
+
+TEST_F(TreesTest, AddActsOnlyOnASelectedRow) {
+    frmVhl& e = New(kVhlTracked, 0, 2, 40);
+    e.PButEquipment[0].DoClick();  // no selection
+    EXPECT_EQ(e.vhl->WeaponCount(), 0);
+    e.tvAvailEq.Select("node0");  // a group
+    e.PButEquipment[0].DoClick();
+    EXPECT_EQ(e.vhl->WeaponCount(), 0);
+    EXPECT_EQ(e.tvSelectedEq.Count(), 0);
+    const double free = e.vhl->FreeTonnage;
+
+    Add(kLargeLaser);
+    ASSERT_EQ(e.vhl->WeaponCount(), 1);
+    EXPECT_EQ(e.vhl->Items[0], (VehicleItem{kLargeLaser, 1, kLocUnallocated, kTrue}));
+    EXPECT_EQ(Kids(e.tvSelectedEq, ""), (std::vector<std::string>{"loc-1:Not Allocated"}));
+    EXPECT_EQ(Kids(e.tvSelectedEq, "loc-1"), (std::vector<std::string>{"w1-1:Large Laser (#1)"}));
+    // The figures follow at once: five tons of laser and its heat sinks.
+    EXPECT_LE(e.vhl->FreeTonnage, free - 5);
+    EXPECT_EQ(e.LTonnageFree.Caption(), "18.5");
+    EXPECT_EQ(e.wSaved, kFalse);
+
+    // Ammunition goes to the body without allocation, and shows there.
+    Add(kAC5Ammo);
+    EXPECT_EQ(Kids(e.tvSelectedEq, ""), (std::vector<std::string>{"loc-1:Not Allocated", "loc99:Body"}));
+    EXPECT_EQ(Kids(e.tvSelectedEq, "loc99"), (std::vector<std::string>{"w3-1:AC/5 Ammo (#1)"}));
+    EXPECT_TRUE(fake.ui.boxes.empty());
+}
+
+TEST_F(TreesTest, RemoveByItemKeyAndTheSmallestFreeNumberComesBack) {
+    frmVhl& e = New(kVhlTracked, 0, 2, 40);
+    for (int i = 0; i < 3; ++i) Add(kMedLaser);
+    EXPECT_EQ(Kids(e.tvSelectedEq, "loc-1"), (std::vector<std::string>{"w0-1:Medium Laser (#1)",
+                                                                      "w0-2:Medium Laser (#2)",
+                                                                      "w0-3:Medium Laser (#3)"}));
+    // A group is not an item: nothing goes.
+    Remove("loc-1");
+    EXPECT_EQ(e.vhl->WeaponCount(), 3);
+
+    Remove("w0-1");
+    EXPECT_EQ(Kids(e.tvSelectedEq, "loc-1"),
+              (std::vector<std::string>{"w0-2:Medium Laser (#2)", "w0-3:Medium Laser (#3)"}));
+    EXPECT_TRUE(e.tvSelectedEq.SelectedKey().empty()) << "the removed node took the selection with it";
+    // Nothing selected: remove does nothing.
+    e.PButEquipment[1].DoClick();
+    EXPECT_EQ(e.vhl->WeaponCount(), 2);
+
+    Add(kMedLaser);
+    EXPECT_EQ(e.vhl->Items.back(), (VehicleItem{kMedLaser, 1, kLocUnallocated, kTrue}));
+    EXPECT_EQ(Kids(e.tvSelectedEq, "loc-1").front(), "w0-1:Medium Laser (#1)");
+
+    // Removing the one item of a row leaves the others numbered as they were.
+    Add(kAC5);
+    Remove("w2-1");
+    EXPECT_EQ(e.vhl->WeaponCount(), 3);
+
+    // Clear: everything goes, element 0 stays empty, and the next item
+    // takes it.
+    e.PButEquipment[2].DoClick();
+    EXPECT_EQ(e.tvSelectedEq.Count(), 0);
+    ASSERT_EQ(e.vhl->Items.size(), 1u);
+    EXPECT_EQ(e.vhl->Items[0], VehicleItem{});
+    Add(kSearchlight);
+    EXPECT_EQ(e.vhl->Items[0], (VehicleItem{kSearchlight, 1, kLocUnallocated, kTrue}));
+    EXPECT_TRUE(fake.ui.boxes.empty());
+}
+
+TEST_F(TreesTest, SelectedGroupsInLocationOrderAndSortedWithin) {
+    frmVhl& e = New(kVhlTracked, 0, 3, 60);
+    e.CBoxHasTurret.SetValue(1);
+    e.CBoxHasSecondTurret.SetValue(1);
+    e.CBoxHasSponsonTurret.SetValue(1);
+    for (int16_t row : {kSearchlight, kMedLaser, kMedLaser, kLargeLaser, kFlamer, kAC5, kCargo, kPassengers,
+                        kSearchlight, kMedLaser})
+        Add(row);
+    Add(kSRMAmmo);
+    // Added in the reverse of the location order.
+    Place(kMedLaser, 3, kLocRightSponson);
+    Place(kSearchlight, 2, kLocLeftSponson);
+    Place(kMedLaser, 2, kLocSecondTurret);
+    Place(kMedLaser, 1, kLocTurret);
+    Place(kPassengers, 1, kLocBody);
+    Place(kFlamer, 1, kLocRear);
+    Place(kLargeLaser, 1, kLocRight);
+    Place(kAC5, 1, kLocLeft);
+    Place(kSearchlight, 1, kLocFront);
+    EXPECT_EQ(Kids(e.tvSelectedEq, ""),
+              (std::vector<std::string>{"loc-1:Not Allocated", "loc0:Front", "loc1:Left", "loc2:Right", "loc3:Rear",
+                                        "loc99:Body", "loc4:Main Turret", "loc5:Secondary Turret",
+                                        "loc6:Left Sponson Turret", "loc7:Right Sponson Turret"}));
+    // Within a group, by text.
+    Place(kCargo, 1, kLocBody);
+    EXPECT_EQ(Kids(e.tvSelectedEq, "loc99"),
+              (std::vector<std::string>{"w5-1:Cargo Space (#1)", "w6-1:Passengers (#1)", "w4-1:SRM 2 Ammo (#1)"}));
+    // All allocated: no "Not Allocated" group.
+    EXPECT_EQ(Kids(e.tvSelectedEq, "").front(), "loc0:Front");
+
+    // A V.T.O.L.: its own location names, location 5 as the mast mount.
+    New(kVhlVTOL, 0, 3, 20);
+    win->CBoxHasTurret.SetValue(1);
+    for (int16_t row : {kMedLaser, kMedLaser, kSearchlight, kAC5Ammo}) Add(row);
+    Place(kMedLaser, 1, kLocSecondTurret);
+    Place(kMedLaser, 2, kLocTurret);
+    Place(kSearchlight, 1, kLocFront);
+    EXPECT_EQ(Kids(win->tvSelectedEq, ""),
+              (std::vector<std::string>{"loc0:Nose", "loc99:Body", "loc4:Chin Turret", "loc5:Mast Mount"}));
+    EXPECT_TRUE(fake.ui.boxes.empty());
+}
+
+TEST_F(TreesTest, ThePreferenceOpensTheSelectedGroups) {
+    gExpandSel = 1;
+    frmVhl& e = New(kVhlTracked, 0, 2, 40);
+    Add(kMedLaser);
+    Add(kAC5Ammo);
+    for (const auto* n : e.tvSelectedEq.Children("")) EXPECT_TRUE(n->Expanded) << n->Key;
+    e.PButCollapseSel.DoClick();
+    for (const auto* n : e.tvSelectedEq.Children("")) EXPECT_FALSE(n->Expanded) << n->Key;
+
+    gExpandSel = 0;
+    Add(kMedLaser);
+    for (const auto* n : e.tvSelectedEq.Children("")) EXPECT_FALSE(n->Expanded) << n->Key;
+    e.PButExpandSel.DoClick();
+    for (const auto* n : e.tvSelectedEq.Children("")) EXPECT_TRUE(n->Expanded) << n->Key;
+}
+
+// ---- The slot rule from the editor -------------------------------------------------
+
+TEST_F(TreesTest, FullSlotsStillTakeMoreOfAMountedAmmunitionOrCargo) {
+    frmVhl& e = New(kVhlTracked, 0, 2, 40);
+    Add(kAC5Ammo);
+    Add(kCargo);
+    const Vehicle& v = *e.vhl;
+    ASSERT_GT(v.MaxItems, v.NumItems);
+    while (v.NumItems < v.MaxItems) Add(kSearchlight);
+    ASSERT_TRUE(fake.ui.boxes.empty());
+    const int32_t nodes = e.tvSelectedEq.Count();
+    const int16_t count = v.WeaponCount();
+
+    Add(kMedLaser);
+    ASSERT_EQ(fake.ui.boxes.size(), 1u);
+    EXPECT_EQ(fake.ui.LastBox().text, "You don't enough free item slots to add this item.");
+    EXPECT_EQ(fake.ui.LastBox().title, "Cannot add item");
+    EXPECT_EQ(fake.ui.LastBox().icon, MsgIcon::Information);
+    EXPECT_EQ(v.WeaponCount(), count);
+    EXPECT_EQ(e.tvSelectedEq.Count(), nodes) << "a refusal leaves the tree alone";
+
+    Add(kAC5Ammo);  // one more ton of a mounted ammunition
+    Add(kCargo);    // all cargo shares one slot
+    EXPECT_EQ(fake.ui.boxes.size(), 1u);
+    EXPECT_EQ(v.WeaponCount(), count + 2);
+    EXPECT_EQ(v.NumItems, v.MaxItems);
+    EXPECT_NE(e.tvSelectedEq.Find("w3-2"), nullptr);
+    EXPECT_NE(e.tvSelectedEq.Find("w5-2"), nullptr);
+
+    Add(kSRMAmmo);     // a new ammunition takes a slot
+    Add(kPassengers);  // so do the first passengers
+    EXPECT_EQ(fake.ui.boxes.size(), 3u);
+    EXPECT_EQ(v.WeaponCount(), count + 2);
+
+    // Freeing a slot lets a new item in again.
+    Remove("w10-1");
+    Add(kPassengers);
+    EXPECT_EQ(fake.ui.boxes.size(), 3u);
+    EXPECT_NE(e.tvSelectedEq.Find("w6-1"), nullptr);
+}
+
+// ---- Faults ---------------------------------------------------------------------------
+
+TEST_F(TreesTest, ARowOutsideTheTableIsReportedNotMounted) {
+    frmVhl& e = New(kVhlTracked, 0, 2, 40);
+    e.tvAvailEq.Add("node0", "w999", "Stray");
+    e.tvAvailEq.Select("w999");
+    e.PButEquipment[0].DoClick();
+    ExpectOneReport("Vehicle.AddWeapon", kErrSubscript);
+    EXPECT_EQ(e.vhl->WeaponCount(), 0);
+}
+
+TEST_F(TreesTest, LoadingTheValidRowsShowsItsProgress) {
+    std::vector<std::string> seen;
+    SetMainProgressHook({[&](int32_t max) { seen.push_back("bar " + std::to_string(max)); },
+                         [&](const std::string& text) { seen.push_back(text); },
+                         [&](int32_t value) { seen.push_back("at " + std::to_string(value)); },
+                         [&] { seen.push_back("hide"); }});
+    New(kVhlTracked, 0, 2);
+    SetMainProgressHook({});
+    const std::string rows = std::to_string(gWeapons.size());
+    EXPECT_EQ(seen, (std::vector<std::string>{"bar " + rows, "Loading valid weapons...", "at " + rows, "hide"}));
+}
