@@ -25,7 +25,7 @@
 #include "core/Errors.h"
 #include "core/Globals.h"
 #include "core/Vocabulary.h"
-//#include "shell/qt/AllocationDialog.h"
+#include "shell/qt/AllocationDialog.h"
 #include "shell/qt/Binders.h"
 #include "shell/qt/CostWindow.h"
 #include "shell/qt/StatsWindow.h"
@@ -259,7 +259,7 @@ VehicleEditor::VehicleEditor(std::unique_ptr<frmVhl> model, QWidget* parent)
         foot->addWidget(Bound(*b, this));
     outer->addLayout(foot);
 
-    //m.ShowAllocation = [this](frmVhl& editor) { zShowAllocation(editor, this); };
+    m.ShowAllocation = [this](frmVhl& editor) { zShowAllocation(editor, this); };
     m.CloseWindow = [this] {
         unloaded_ = true;
         close();
