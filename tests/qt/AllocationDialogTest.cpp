@@ -12,6 +12,8 @@
 #include <QMimeData>
 #include <QPushButton>
 #include <QTest>
+#include <QTimer>
+#include <QDrag>
 
 #include <memory>
 
@@ -213,4 +215,34 @@ TEST_F(QtAllocation, CloseBoxWritesNothing) {
     EXPECT_FALSE(model.wDone);
     EXPECT_EQ(v->Items[0].wLoc, -1);
     EXPECT_EQ(v->Items[1].wLoc, 99);
+}
+
+TEST_F(QtAllocation, PressAndMoveStartsADragWithThePayloadTheListsTake) {
+    // The offscreen platform does not carry a real drag to another widget, so
+    // the drag is looked at inside its own loop and cancelled; the drops
+    // above use the same payload.
+    Open({Used(kMedLaser, 1, -1), Used(kAC5, 1, -1)});
+    qt::AllocationList* avail = dlg->Avail();
+    const QPoint from = avail->visualItemRect(avail->item(1)).center();
+    QByteArray carried;
+    bool dragging = false;
+    QTimer::singleShot(0, [&] {
+        if (auto* drag = avail->findChild<QDrag*>()) {
+            dragging = true;
+            carried = drag->mimeData()->data(qt::kAllocationMime);
+        }
+        QDrag::cancel();
+    });
+    QTest::mousePress(avail->viewport(), Qt::LeftButton, {}, from);
+    QTest::mouseMove(avail->viewport(), from + QPoint(QApplication::startDragDistance() + 5, 0));
+    QTest::mouseMove(avail->viewport(), from + QPoint(QApplication::startDragDistance() + 10, 4));
+    QTest::mouseRelease(avail->viewport(), Qt::LeftButton, {}, from);
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(dragging);
+    std::unique_ptr<QMimeData> expected(avail->DragPayload());
+    EXPECT_EQ(carried, expected->data(qt::kAllocationMime));
+    EXPECT_FALSE(carried.isEmpty());
+    // A cancelled drag moves nothing.
+    EXPECT_EQ(avail->count(), 2);
+    EXPECT_TRUE(fake.ui.boxes.empty());
 }

@@ -63,6 +63,7 @@ AllocationList::AllocationList(frmVEQ& model, int16_t loc, QWidget* parent)
     } else {
         setDragDropMode(QAbstractItemView::DropOnly);
         setAcceptDrops(true);
+        viewport()->setAcceptDrops(true);
         BindBackColor(this, box);
     }
 }
