@@ -8,6 +8,10 @@ namespace bw {
 
 // ---- Control ----
 void Control::Notify() {
+    if (batch_ > 0) {
+        pending_ = true;
+        return;
+    }
     // Copy: an observer may unsubscribe while being called.
     auto obs = observers_;
     for (auto& [id, fn] : obs)

@@ -59,6 +59,9 @@ protected:
     void Notify();
 
 private:
+    friend class BatchUpdate;
+    int batch_ = 0;         // open BatchUpdate scopes
+    bool pending_ = false;  // a notice held back by them
     bool visible_ = true;
     bool enabled_ = true;
     std::string caption_;
@@ -66,6 +69,25 @@ private:
     int32_t backColor_ = -1;
     std::vector<std::pair<int, Observer>> observers_;
     int nextId_ = 1;
+};
+
+// Gathers the change notices of many edits (filling a tree or a list) into
+// one at the end of the scope, so a bound widget rebuilds once rather than
+// once per line. Events (Change, Click, Expand) still fire at once.
+class BatchUpdate {
+public:
+    explicit BatchUpdate(Control& c) : c_(c) { ++c_.batch_; }
+    ~BatchUpdate() {
+        if (--c_.batch_ == 0 && c_.pending_) {
+            c_.pending_ = false;
+            c_.Notify();
+        }
+    }
+    BatchUpdate(const BatchUpdate&) = delete;
+    BatchUpdate& operator=(const BatchUpdate&) = delete;
+
+private:
+    Control& c_;
 };
 
 // A scroll bar or up-down: an integer between Min and Max.

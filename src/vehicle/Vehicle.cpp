@@ -753,6 +753,7 @@ void Vehicle::CalcIndividualItems() {
 
 void Vehicle::UpdateSelectedWeapons(TreeView& tv) const {
     zTrapVoid("Vehicle.UpdateSelectedWeapons", [&] {
+        BatchUpdate batch(tv);
         tv.Clear();
         auto groupKey = [](int16_t loc) { return "loc" + std::to_string(loc); };
         const int16_t groups[] = {kLocUnallocated, kLocFront,        kLocLeft,        kLocRight,       kLocRear,

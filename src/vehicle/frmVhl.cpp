@@ -1068,6 +1068,7 @@ void frmVhl::zLoadValidWeapons() {
 
 void frmVhl::zRefreshWeaponsAvail() {
     zTrapVoid("zRefreshWeaponsAvail", [&] {
+        BatchUpdate batch(tvAvailEq);
         tvAvailEq.Clear();
         PButExpandAvail.SetEnabled(false);
         PButCollapseAvail.SetEnabled(false);
@@ -1097,9 +1098,12 @@ void frmVhl::tvAvailEq_Expand(const std::string& key) {
         zPointerWait();
         PButExpandAvail.SetEnabled(false);
         PButCollapseAvail.SetEnabled(false);
-        tvAvailEq.Remove(kids[0]->Key);
-        for (int16_t row : wValid[c])
-            tvAvailEq.Add(key, "w" + std::to_string(row), gWeapons.at(static_cast<size_t>(row)).Name);
+        {
+            BatchUpdate batch(tvAvailEq);
+            tvAvailEq.Remove(kids[0]->Key);
+            for (int16_t row : wValid[c])
+                tvAvailEq.Add(key, "w" + std::to_string(row), gWeapons.at(static_cast<size_t>(row)).Name);
+        }
         PButExpandAvail.SetEnabled(true);
         PButCollapseAvail.SetEnabled(true);
         zPointerNormal();

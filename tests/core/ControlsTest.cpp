@@ -205,3 +205,29 @@ TEST(TimerModel, TicksOnlyWhenEnabledWithInterval) {
     t.Tick();
     EXPECT_EQ(ticks, 1);
 }
+
+TEST(ObserverModel, BatchGathersNoticesIntoOneAndKeepsEventsImmediate) {
+    TreeView tv;
+    int notices = 0;
+    tv.Subscribe([&] { ++notices; });
+    std::string expanded;
+    tv.Expand = [&](const std::string& k) { expanded = k; };
+    {
+        BatchUpdate outer(tv);
+        tv.Add("", "node0", "Energy Weapons");
+        {
+            BatchUpdate inner(tv);
+            for (int i = 0; i < 50; ++i) tv.Add("node0", "w" + std::to_string(i), "row");
+        }
+        EXPECT_EQ(notices, 0);  // the inner scope ends inside the outer one
+        tv.SetExpanded("node0", true);
+        EXPECT_EQ(expanded, "node0");  // events are not held back
+    }
+    EXPECT_EQ(notices, 1);
+    {
+        BatchUpdate idle(tv);  // nothing changed: no notice
+    }
+    EXPECT_EQ(notices, 1);
+    tv.Add("", "node1", "Ballistic Weapons");
+    EXPECT_EQ(notices, 2);
+}

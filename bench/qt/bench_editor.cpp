@@ -1,0 +1,165 @@
+// Editor commands as the user meets them, widgets included: opening a stored
+// design of 60 items, filling the largest weapon group, adding and removing
+// an item, a tonnage step and an armor input. Run: build/bin/bench_editor
+// (offscreen by default).
+#include <benchmark/benchmark.h>
+
+#include <QApplication>
+
+#include "core/Errors.h"
+#include "core/Globals.h"
+#include "core/Vocabulary.h"
+#include "database/DatabaseOps.h"
+#include "refdata/Weapons.h"
+#include "shell/frmMain.h"
+#include "shell/frmVOpen.h"
+#include "shell/qt/VehicleEditor.h"
+#include "vehicle/frmVhl.h"
+
+using namespace bw;
+
+namespace {
+
+// A 100-ton Inner Sphere level 3 tracked design with 60 allocated items.
+std::shared_ptr<Vehicle> Design60() {
+    auto v = std::make_shared<Vehicle>();
+    v->OverrideInteractiveMode();
+    v->Name = "Behemoth";
+    v->SetTechBase(0);
+    v->SetTechLevel(3);
+    v->SetType(kVhlTracked);
+    v->SetTonnage(100);
+    v->SetCruiseSpeed(3);
+    v->SetEngineType(kEngFusion);
+    v->CalcEngineRating();
+    v->MaxItems = 200;
+    const auto valid = zValidVehicleWeapons(0, 3, kVhlTracked);
+    std::vector<int16_t> rows;
+    for (const auto& list : valid) rows.insert(rows.end(), list.begin(), list.end());
+    v->Items.clear();
+    for (int i = 0; i < 60; ++i) {
+        const int16_t row = rows[static_cast<size_t>(i * 7) % rows.size()];
+        v->Items.push_back(VehicleItem{row, static_cast<int16_t>(i + 1), static_cast<int16_t>(i % 4), kTrue});
+    }
+    v->CalcWeaponTonnages();
+    v->CalcItemCount();
+    v->CalcTotalTonnage();
+    return v;
+}
+
+struct Fixture {
+    frmMain main;
+    qt::VehicleEditor* editor = nullptr;
+    Fixture() {
+        main.Form_Load();
+        gVehicles.assign(1, Design60());
+        main.ShowVehiclePicker = [](frmVOpen& dlg) {
+            dlg.wSel = 0;
+            dlg.wCancel = 0;
+        };
+        main.ShowVehicleEditor = [this](std::unique_ptr<frmVhl> m) { editor = qt::zShowVehicleEditor(std::move(m)); };
+    }
+    void Close() {
+        if (!editor) return;
+        editor->Model().wSaved = kTrue;
+        editor->close();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        editor = nullptr;
+    }
+    ~Fixture() { Close(); }
+};
+
+void BM_OpenStoredDesignWith60Items(benchmark::State& state) {
+    Fixture f;
+    for (auto _ : state) {
+        f.main.zOpenVehicle();
+        QApplication::processEvents();
+        state.PauseTiming();
+        f.Close();
+        state.ResumeTiming();
+    }
+}
+BENCHMARK(BM_OpenStoredDesignWith60Items)->Unit(benchmark::kMillisecond);
+
+void BM_FillLargestWeaponGroup(benchmark::State& state) {
+    Fixture f;
+    f.main.zOpenVehicle();
+    frmVhl& m = f.editor->Model();
+    size_t largest = 0;
+    for (size_t c = 1; c < m.wValid.size(); ++c)
+        if (m.wValid[c].size() > m.wValid[largest].size()) largest = c;
+    state.counters["rows"] = static_cast<double>(m.wValid[largest].size());
+    const std::string key = "node" + std::to_string(largest);
+    for (auto _ : state) {
+        state.PauseTiming();
+        m.zRefreshWeaponsAvail();
+        QApplication::processEvents();
+        state.ResumeTiming();
+        m.tvAvailEq.SetExpanded(key, true);
+        QApplication::processEvents();
+    }
+}
+BENCHMARK(BM_FillLargestWeaponGroup)->Unit(benchmark::kMillisecond);
+
+void BM_AddThenRemoveAnItem(benchmark::State& state) {
+    Fixture f;
+    f.main.zOpenVehicle();
+    frmVhl& m = f.editor->Model();
+    const int16_t row = m.wValid[0].front();
+    m.tvAvailEq.SetExpanded("node0", true);
+    for (auto _ : state) {
+        m.tvAvailEq.Select("w" + std::to_string(row));
+        m.zAddWeapon();
+        QApplication::processEvents();
+        // The newest item of that row is the one with the highest number.
+        int16_t num = 0;
+        for (const auto& it : m.vhl->Items)
+            if (it.wType == row && it.wStatus != 0) num = std::max(num, it.wNum);
+        m.tvSelectedEq.Select("w" + std::to_string(row) + "-" + std::to_string(num));
+        m.zRemoveWeapon();
+        QApplication::processEvents();
+    }
+    state.counters["commands"] = benchmark::Counter(2.0 * static_cast<double>(state.iterations()));
+}
+BENCHMARK(BM_AddThenRemoveAnItem)->Unit(benchmark::kMillisecond);
+
+void BM_TonnageStep(benchmark::State& state) {
+    Fixture f;
+    f.main.zOpenVehicle();
+    frmVhl& m = f.editor->Model();
+    bool down = true;
+    for (auto _ : state) {
+        if (down) m.scrlTonnage.StepDown();
+        else m.scrlTonnage.StepUp();
+        down = !down;
+        QApplication::processEvents();
+    }
+}
+BENCHMARK(BM_TonnageStep)->Unit(benchmark::kMillisecond);
+
+void BM_ArmorInput(benchmark::State& state) {
+    Fixture f;
+    f.main.zOpenVehicle();
+    frmVhl& m = f.editor->Model();
+    m.scrlArmorTonnage.SetValue(20);
+    int16_t v = 0;
+    for (auto _ : state) {
+        m.scrlArmorLoc[kLocLeft].SetValue(v);
+        v = v == 0 ? 10 : 0;
+        QApplication::processEvents();
+    }
+}
+BENCHMARK(BM_ArmorInput)->Unit(benchmark::kMillisecond);
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication app(argc, argv);
+    SetAppPath(QCoreApplication::applicationDirPath().toStdString());
+    if (!zLoadWeapons()) return 1;
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+    benchmark::Shutdown();
+    return 0;
+}
