@@ -240,7 +240,11 @@ void zRunAllocation(frmVhl& editor, const std::function<void(frmVEQ&)>& showModa
         w.Visible = true;
         if (showModal) showModal(w);
         w.Visible = false;
-        if (w.wDone) editor.zUpdateWeapons();
+        if (!w.wDone) return;
+        // The turrets and sponsons weigh what their weapons now say; the
+        // refresh alone would keep the weights of the old places.
+        editor.vhl->CalcWeaponTonnages();
+        editor.zUpdateWeapons();
     });
 }
 

@@ -503,6 +503,24 @@ TEST_F(AllocationRoadTest, DoneWritesBackAndRefreshesTheEditor) {
     EXPECT_TRUE(fake.ui.boxes.empty());
 }
 
+TEST_F(AllocationRoadTest, TurretWeightFollowsTheWeaponsPutInIt) {
+    frmVhl& e = Editor();
+    e.CBoxHasTurret.SetValue(1);
+    ASSERT_EQ(e.vhl->HasTurret, kTrue);
+    ASSERT_EQ(e.vhl->TurretTonnage, 0.0);
+    const double totalBefore = e.vhl->TotalTonnage;
+    zRunAllocation(e, [&](frmVEQ& f) {
+        f.LBoxAvail.SetListIndex(0);
+        f.LBoxLoc_DragDrop(kLocTurret, &f.LBoxAvail);
+        f.PButDone.DoClick();
+    });
+    EXPECT_EQ(e.vhl->Items[0].wLoc, kLocTurret);
+    // One ton of laser: a tenth, rounded up to the half ton.
+    EXPECT_EQ(e.vhl->TurretTonnage, 0.5);
+    EXPECT_EQ(e.LTurretTonnage.Caption(), "0.5");
+    EXPECT_EQ(e.vhl->TotalTonnage, totalBefore + 0.5);
+}
+
 TEST_F(AllocationRoadTest, ClosingByTheWindowControlChangesNothing) {
     frmVhl& e = Editor();
     const auto before = e.vhl->Items;
