@@ -16,6 +16,8 @@
 #include "shell/qt/Binders.h"
 #include "shell/qt/Icons.h"
 #include "shell/qt/SettingsDialog.h"
+#include "shell/qt/NewVehicleDialog.h"
+#include "shell/qt/PickerDialog.h"
 #include "shell/qt/VehicleEditor.h"
 
 namespace bw::qt {
@@ -64,6 +66,9 @@ MainWindow::MainWindow(frmMain& model, QWidget* parent) : QMainWindow(parent), m
     model_.ShowAbout = [this] { ShowAbout(); };
     // Editors are windows of their own: several at once, each on its design.
     model_.ShowVehicleEditor = [](std::unique_ptr<frmVhl> editor) { zShowVehicleEditor(std::move(editor)); };
+    model_.ShowNewVehicle = [this](frmNVhl& dlg) { zShowNewVehicle(dlg, this); };
+    model_.ShowVehiclePicker = [this](frmVOpen& dlg) { zShowVehiclePicker(dlg, this); };
+    model_.ShowFighterPicker = [this](frmFOpen& dlg) { zShowFighterPicker(dlg, this); };
     model_.CloseWindow = [this] {
         walked_ = true;
         close();
@@ -78,6 +83,9 @@ MainWindow::~MainWindow() {
     model_.ShowSettings = nullptr;
     model_.ShowAbout = nullptr;
     model_.ShowVehicleEditor = nullptr;
+    model_.ShowNewVehicle = nullptr;
+    model_.ShowVehiclePicker = nullptr;
+    model_.ShowFighterPicker = nullptr;
     model_.CloseWindow = nullptr;
 }
 

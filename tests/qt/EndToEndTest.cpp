@@ -1,0 +1,344 @@
+// A user's road through the real program, widget by widget: a new database,
+// a 50-ton tracked Fusion vehicle at 4/6 with a turret, armor, weapons and
+// ammunition, everything allocated and saved; the program closed and started
+// again with the last database; the design reopened, changed, saved over
+// itself, and deleted. The saved file is read back with bwtool dump.
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <functional>
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDialog>
+#include <QDragEnterEvent>
+#include <QLineEdit>
+#include <QMimeData>
+#include <QProcess>
+#include <QPushButton>
+#include <QTabWidget>
+#include <QTest>
+#include <QTimer>
+#include <QToolButton>
+#include <QTreeWidget>
+
+#include "core/Errors.h"
+#include "core/Globals.h"
+#include "core/Vocabulary.h"
+#include "core/Startup.h"
+#include "database/DatabaseOps.h"
+#include "refdata/Weapons.h"
+#include "shell/qt/AllocationDialog.h"
+#include "shell/qt/Startup.h"
+#include "shell/qt/VehicleEditor.h"
+#include "support/FakeUi.h"
+#include "support/TempDir.h"
+
+using namespace bw;
+
+namespace {
+
+namespace fs = std::filesystem;
+
+class EndToEnd : public ::testing::Test {
+protected:
+    test::ScopedFakeUi fake;
+    test::TempDir dir;
+    std::string savedPath = gAppPath;
+    std::vector<WeaponRec> savedWeapons = gWeapons;
+    std::string program, database;
+
+    void SetUp() override {
+        // A program folder of its own: the reference files and the art.
+        program = dir.Path() + "/program";
+        fs::create_directories(program);
+        for (const char* f : {"weapons.bin", "armorloc.bin", "intloc.bin"})
+            fs::copy_file(fs::path(BW_BIN_DIR) / f, fs::path(program) / f);
+        fs::copy(fs::path(BW_BIN_DIR) / "bwp", fs::path(program) / "bwp", fs::copy_options::recursive);
+        SetAppPath(program);
+        database = dir.Path() + "/Armory.bwd";
+        fake.settings.Set("General", "OpenLast", "1");
+    }
+    void TearDown() override {
+        for (QWidget* w : QApplication::topLevelWidgets())
+            if (auto* e = qobject_cast<qt::VehicleEditor*>(w)) {
+                e->Model().wSaved = kTrue;
+                e->close();
+            }
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        gWeapons = savedWeapons;
+        SetAppPath(savedPath);
+        zResetDatabase();
+    }
+
+    // Runs fn on the next modal dialog once it shows; the caller then opens it.
+    static void WhenModal(std::function<void(QWidget*)> fn) {
+        auto* poll = new QTimer;
+        poll->setInterval(5);
+        QObject::connect(poll, &QTimer::timeout, [poll, fn] {
+            QWidget* modal = QApplication::activeModalWidget();
+            if (!modal || !modal->isVisible()) return;
+            poll->stop();
+            poll->deleteLater();
+            fn(modal);
+            // A failed check must not leave the test waiting on the dialog.
+            if (auto* d = qobject_cast<QDialog*>(modal); d && d->isVisible()) {
+                ADD_FAILURE() << "dialog left open: " << d->windowTitle().toStdString();
+                d->reject();
+            }
+        });
+        poll->start();
+    }
+    // The editor window now open, made active so its boxes take the focus.
+    static qt::VehicleEditor* TopEditor() {
+        qt::VehicleEditor* found = nullptr;
+        for (QWidget* w : QApplication::topLevelWidgets())
+            if (auto* e = qobject_cast<qt::VehicleEditor*>(w); e && e->isVisible()) found = e;
+        if (found) {
+            EXPECT_TRUE(QTest::qWaitForWindowExposed(found));
+            found->activateWindow();
+            EXPECT_TRUE(QTest::qWaitForWindowActive(found));
+        }
+        return found;
+    }
+    static void TypeAndLeave(QLineEdit* e, const QString& text) {
+        // Focus comes and goes only in the active window.
+        if (!e->window()->isActiveWindow()) {
+            e->window()->activateWindow();
+            EXPECT_TRUE(QTest::qWaitForWindowActive(e->window()));
+        }
+        e->setFocus();
+        e->selectAll();
+        QTest::keyClicks(e, text);
+        e->clearFocus();
+    }
+    static void Arrow(QWidget* upDownOwner, const char* which, int times) {
+        auto* b = upDownOwner->findChild<QToolButton*>(which);
+        ASSERT_NE(b, nullptr);
+        for (int i = 0; i < times; ++i) QTest::mouseClick(b, Qt::LeftButton);
+    }
+    // Opens a group of the available tree with the mouse on its arrow, picks
+    // the named row and presses "Add >>".
+    static void AddFromTree(qt::VehicleEditor* ed, const QString& group, const QString& row, int times) {
+        auto* tree = ed->findChild<QTreeWidget*>("tvAvailEq");
+        ASSERT_NE(tree, nullptr);
+        auto find = [&](const QString& text, QTreeWidgetItem* under) -> QTreeWidgetItem* {
+            const int n = under ? under->childCount() : tree->topLevelItemCount();
+            for (int i = 0; i < n; ++i) {
+                QTreeWidgetItem* it = under ? under->child(i) : tree->topLevelItem(i);
+                if (it->text(0) == text) return it;
+            }
+            return nullptr;
+        };
+        QTreeWidgetItem* g = find(group, nullptr);
+        ASSERT_NE(g, nullptr) << group.toStdString();
+        if (!g->isExpanded()) {
+            tree->scrollToItem(g);
+            // The arrow left of the group's text.
+            const QRect r = tree->visualItemRect(g);
+            QTest::mouseClick(tree->viewport(), Qt::LeftButton, {}, QPoint(r.left() - tree->indentation() / 2, r.center().y()));
+            g = find(group, nullptr);
+        }
+        ASSERT_TRUE(g->isExpanded());
+        QTreeWidgetItem* it = find(row, g);
+        ASSERT_NE(it, nullptr) << row.toStdString();
+        tree->scrollToItem(it);
+        QTest::mouseClick(tree->viewport(), Qt::LeftButton, {}, tree->visualItemRect(it).center());
+        auto* add = ed->findChild<QPushButton*>("PButEquipment(0)");
+        for (int i = 0; i < times; ++i) QTest::mouseClick(add, Qt::LeftButton);
+    }
+    std::vector<std::string> Dump() const {
+        QProcess p;
+        p.start(QString(BW_BIN_DIR) + "/bwtool", {"dump", QString::fromStdString(database)});
+        EXPECT_TRUE(p.waitForFinished(10000));
+        EXPECT_EQ(p.exitCode(), 0) << p.readAllStandardError().toStdString();
+        std::vector<std::string> lines;
+        for (const QByteArray& l : p.readAllStandardOutput().split('\n'))
+            if (!l.isEmpty()) lines.push_back(l.toStdString());
+        return lines;
+    }
+    static bool Has(const std::string& line, const std::string& part) { return line.find(part) != std::string::npos; }
+};
+
+}  // namespace
+
+TEST_F(EndToEnd, CreateSaveReopenChangeOverwriteDelete) {
+    // ---- First run: a new database and a new design.
+    auto first = std::make_unique<qt::QtStartupHost>();
+    ASSERT_EQ(Main(*first), StartResult::Running);
+    qt::MainWindow* main = first->Window();
+    ASSERT_NE(main, nullptr);
+    fake.ui.fileAnswers.push_back(database);
+    main->ActionFor(first->Model()->mnuFileNew)->trigger();
+    EXPECT_EQ(gDatabasePath, database);
+    EXPECT_EQ(main->windowTitle().toStdString(), "The Brasswick Works 3.0 - " + database);
+
+    WhenModal([](QWidget* dlg) {
+        // The New Vehicle dialog: Inner Sphere, level 3, tracked.
+        auto combos = dlg->findChildren<QComboBox*>();
+        for (QComboBox* c : combos) {
+            if (c->objectName() == "cmboLevel") {
+                c->setFocus();
+                while (c->currentIndex() < c->count() - 1) QTest::keyClick(c, Qt::Key_Down);
+            }
+        }
+        QTest::mouseClick(dlg->findChild<QPushButton*>("PButCreate"), Qt::LeftButton);
+    });
+    main->ToolAction("butVHLNew")->trigger();
+    qt::VehicleEditor* ed = TopEditor();
+    ASSERT_NE(ed, nullptr);
+    frmVhl& m = ed->Model();
+    ASSERT_EQ(m.vhl->VhlType, kVhlTracked);
+    ASSERT_EQ(m.vhl->TechLevel, 3);
+
+    TypeAndLeave(ed->findChild<QLineEdit*>("TName"), "Rampart");
+    TypeAndLeave(ed->findChild<QLineEdit*>("TTonnage"), "50");
+    Arrow(ed->findChild<QWidget*>("scrlSpeed"), "up", 3);
+    EXPECT_EQ(m.vhl->CruiseSpeed, 4);
+    EXPECT_EQ(m.vhl->FlankSpeed, 6);
+    auto* engine = ed->findChild<QComboBox*>("cmboEngType");
+    engine->setFocus();
+    QTest::keyClick(engine, Qt::Key_Down);
+    EXPECT_EQ(m.vhl->EngineType, kEngFusion);
+    QTest::mouseClick(ed->findChild<QCheckBox*>("CBoxHasTurret"), Qt::LeftButton);
+    EXPECT_EQ(m.vhl->HasTurret, kTrue);
+
+    AddFromTree(ed, "Energy Weapons", "Large Laser", 1);
+    AddFromTree(ed, "Energy Weapons", "Medium Laser", 2);
+    AddFromTree(ed, "Missile Weapons", "SRM 6", 1);
+    AddFromTree(ed, "Ammunition", "SRM 6 Ammo", 1);
+    EXPECT_EQ(m.vhl->WeaponCount(), 5);
+    EXPECT_EQ(m.vhl->WcUnallocatedWeapons(), 4);  // the ammunition went to the body
+
+    // Allocation: the guns into the turret, the missiles to the front.
+    WhenModal([](QWidget* w) {
+        auto* dlg = qobject_cast<qt::AllocationDialog*>(w);
+        ASSERT_NE(dlg, nullptr);
+        while (dlg->Avail()->count() > 0) {
+            QListWidgetItem* item = dlg->Avail()->item(0);
+            // The lists are rebuilt by the drop: keep the text, not the item.
+            const QString text = item->text();
+            const int16_t loc = text.startsWith("SRM") ? int16_t{kLocFront} : int16_t{kLocTurret};
+            QTest::mouseClick(dlg->Avail()->viewport(), Qt::LeftButton, {},
+                              dlg->Avail()->visualItemRect(item).center());
+            std::unique_ptr<QMimeData> data(dlg->Avail()->DragPayload());
+            QWidget* target = dlg->Loc(loc)->viewport();
+            const QPoint at = target->rect().center();
+            QDragEnterEvent enter(at, Qt::MoveAction, data.get(), Qt::LeftButton, {});
+            QApplication::sendEvent(target, &enter);
+            QDragMoveEvent move(at, Qt::MoveAction, data.get(), Qt::LeftButton, {});
+            QApplication::sendEvent(target, &move);
+            QDropEvent drop(at, Qt::MoveAction, data.get(), Qt::LeftButton, {});
+            QApplication::sendEvent(target, &drop);
+            // The list takes the entry once the drag has ended.
+            QCoreApplication::processEvents();
+            ASSERT_EQ(dlg->Avail()->findItems(text, Qt::MatchExactly).size(), 0);
+        }
+        QTest::mouseClick(dlg->findChild<QPushButton*>("PButDone"), Qt::LeftButton);
+    });
+    QTest::mouseClick(ed->findChild<QPushButton*>("PButAllocate"), Qt::LeftButton);
+    EXPECT_EQ(m.vhl->WcUnallocatedWeapons(), 0);
+    EXPECT_GT(m.vhl->TurretTonnage, 0);
+
+
+    // Armor: as many half tons as the design has room for, all allocated.
+    ed->Tabs()->setCurrentIndex(1);
+    auto* armorTons = ed->Tabs()->widget(1)->findChild<QWidget*>("scrlArmorTonnage");
+    const int halves = static_cast<int>(m.vhl->FreeTonnage * 2);
+    ASSERT_GT(halves, 4);
+    Arrow(armorTons, "up", halves);
+    EXPECT_GE(m.vhl->FreeTonnage, 0);
+    const int points = m.vhl->ArmorPoints;
+    ed->Tabs()->setCurrentIndex(2);
+    auto* diagram = ed->findChild<qt::ArmorDiagram*>("picVHLArm");
+    ASSERT_NE(diagram, nullptr);
+    auto input = [&](int loc) { return diagram->Input(loc)->findChild<QLineEdit*>(); };
+    const int side = points / 5, turret = points / 5, front = points / 5;
+    TypeAndLeave(input(kLocFront), QString::number(front));
+    TypeAndLeave(input(kLocLeft), QString::number(side));  // the right side follows
+    TypeAndLeave(input(kLocTurret), QString::number(turret));
+    TypeAndLeave(input(kLocRear), QString::number(points - front - 2 * side - turret));
+    EXPECT_EQ(m.vhl->RightArmor, side);
+    EXPECT_EQ(m.vhl->ArmorAllocated, points);
+
+    const size_t boxesBefore = fake.ui.boxes.size();
+    QTest::mouseClick(ed->findChild<QPushButton*>("PButSave"), Qt::LeftButton);
+    for (size_t i = boxesBefore; i < fake.ui.boxes.size(); ++i)
+        EXPECT_EQ(fake.ui.boxes[i].title, "Within 'Gift' Range") << fake.ui.boxes[i].text;
+    EXPECT_EQ(ed->windowTitle(), "Rampart");
+    ASSERT_TRUE(fs::exists(database));
+    auto lines = Dump();
+    ASSERT_EQ(lines.size(), 1u);
+    EXPECT_TRUE(Has(lines[0], "\"kind\":\"vehicle\""));
+    EXPECT_TRUE(Has(lines[0], "\"Name\":\"Rampart\""));
+    EXPECT_TRUE(Has(lines[0], "\"Tonnage\":50"));
+    EXPECT_TRUE(Has(lines[0], "\"CruiseSpeed\":4"));
+    EXPECT_TRUE(Has(lines[0], "\"HasTurret\":-1"));
+    EXPECT_TRUE(Has(lines[0], "\"FrontArmor\":" + std::to_string(front)));
+
+    // A saved editor closes without a question; the program closes and
+    // keeps the database for the next run.
+    QTest::mouseClick(ed->findChild<QPushButton*>("PButClose"), Qt::LeftButton);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_EQ(TopEditor(), nullptr);
+    main->close();
+    EXPECT_EQ(fake.settings.Get("General", "LastDB", ""), database);
+    first.reset();
+    zResetDatabase();
+
+    // ---- Second run: the last database opens by itself.
+    auto second = std::make_unique<qt::QtStartupHost>();
+    ASSERT_EQ(Main(*second), StartResult::Running);
+    main = second->Window();
+    EXPECT_EQ(gDatabasePath, database);
+    ASSERT_GE(gVehicles.size(), 1u);
+    EXPECT_EQ(gVehicles[0]->Name, "Rampart");
+
+    auto pick = [](QWidget* dlg) {
+        auto* list = dlg->findChild<QTreeWidget*>();
+        ASSERT_NE(list, nullptr);
+        ASSERT_EQ(list->topLevelItemCount(), 1);
+        QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualItemRect(list->topLevelItem(0)).center());
+        QTest::mouseClick(dlg->findChild<QPushButton*>("PButOpen"), Qt::LeftButton);
+    };
+    WhenModal(pick);
+    main->ToolAction("butVHLOpen")->trigger();
+    ed = TopEditor();
+    ASSERT_NE(ed, nullptr);
+    frmVhl& m2 = ed->Model();
+    EXPECT_EQ(ed->windowTitle(), "Rampart");
+    EXPECT_EQ(m2.vhl->FrontArmor, front);
+    EXPECT_EQ(ed->findChild<QLineEdit*>("TTonnage")->text(), "50");
+    EXPECT_EQ(ed->findChild<QLineEdit*>("TCruise")->text(), "4");
+
+    // Move a point from the front to the rear, and save over the stored one.
+    ed->Tabs()->setCurrentIndex(2);
+    diagram = ed->findChild<qt::ArmorDiagram*>("picVHLArm");
+    TypeAndLeave(diagram->Input(kLocFront)->findChild<QLineEdit*>(), QString::number(front - 1));
+    TypeAndLeave(diagram->Input(kLocRear)->findChild<QLineEdit*>(),
+                 QString::number(points - front - 2 * side - turret + 1));
+    EXPECT_EQ(ed->windowTitle(), "Rampart *");
+    fake.ui.answers.push_back(MsgResult::Yes);
+    const size_t before = fake.ui.boxes.size();
+    QTest::mouseClick(ed->findChild<QPushButton*>("PButSave"), Qt::LeftButton);
+    bool asked = false;
+    for (size_t i = before; i < fake.ui.boxes.size(); ++i) asked = asked || fake.ui.boxes[i].title == "Overwrite?";
+    EXPECT_TRUE(asked);
+    EXPECT_EQ(ed->windowTitle(), "Rampart");
+    lines = Dump();
+    ASSERT_EQ(lines.size(), 1u);
+    EXPECT_TRUE(Has(lines[0], "\"FrontArmor\":" + std::to_string(front - 1)));
+    QTest::mouseClick(ed->findChild<QPushButton*>("PButClose"), Qt::LeftButton);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+
+    // Delete it.
+    WhenModal(pick);
+    fake.ui.answers.push_back(MsgResult::Yes);
+    main->ToolAction("butVHLDel")->trigger();
+    EXPECT_EQ(fake.ui.LastBox().text, "Are you sure you want to delete the vehicle named Rampart?");
+    lines = Dump();
+    for (const std::string& l : lines) EXPECT_FALSE(Has(l, "Rampart")) << l;
+    main->close();
+    second.reset();
+}
