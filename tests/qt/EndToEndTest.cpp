@@ -158,6 +158,12 @@ protected:
             if (!l.isEmpty()) lines.push_back(l.toStdString());
         return lines;
     }
+    // Pictures for the eye when BW_TEST_SHOTS names a folder.
+    static void Shot(QWidget* w, const char* file) {
+        if (!qEnvironmentVariableIsSet("BW_TEST_SHOTS")) return;
+        QApplication::processEvents();
+        w->grab().save(qEnvironmentVariable("BW_TEST_SHOTS") + "/" + file);
+    }
     static bool Has(const std::string& line, const std::string& part) { return line.find(part) != std::string::npos; }
 };
 
@@ -173,6 +179,7 @@ TEST_F(EndToEnd, CreateSaveReopenChangeOverwriteDelete) {
     main->ActionFor(first->Model()->mnuFileNew)->trigger();
     EXPECT_EQ(gDatabasePath, database);
     EXPECT_EQ(main->windowTitle().toStdString(), "The Brasswick Works 3.0 - " + database);
+    Shot(main, "main-window.png");
 
     WhenModal([](QWidget* dlg) {
         // The New Vehicle dialog: Inner Sphere, level 3, tracked.
@@ -183,6 +190,7 @@ TEST_F(EndToEnd, CreateSaveReopenChangeOverwriteDelete) {
                 while (c->currentIndex() < c->count() - 1) QTest::keyClick(c, Qt::Key_Down);
             }
         }
+        Shot(dlg, "new-vehicle.png");
         QTest::mouseClick(dlg->findChild<QPushButton*>("PButCreate"), Qt::LeftButton);
     });
     main->ToolAction("butVHLNew")->trigger();
@@ -235,6 +243,7 @@ TEST_F(EndToEnd, CreateSaveReopenChangeOverwriteDelete) {
             QCoreApplication::processEvents();
             ASSERT_EQ(dlg->Avail()->findItems(text, Qt::MatchExactly).size(), 0);
         }
+        Shot(dlg, "allocation.png");
         QTest::mouseClick(dlg->findChild<QPushButton*>("PButDone"), Qt::LeftButton);
     });
     QTest::mouseClick(ed->findChild<QPushButton*>("PButAllocate"), Qt::LeftButton);
@@ -262,6 +271,22 @@ TEST_F(EndToEnd, CreateSaveReopenChangeOverwriteDelete) {
     EXPECT_EQ(m.vhl->RightArmor, side);
     EXPECT_EQ(m.vhl->ArmorAllocated, points);
 
+    for (int tab = 0; tab < 3; ++tab) {
+        ed->Tabs()->setCurrentIndex(tab);
+        Shot(ed, QString("design-tab%1.png").arg(tab).toUtf8().constData());
+    }
+    // Its cost and its statistics, each in a window of its own.
+    for (const char* button : {"PButCost", "PButShowStats"}) {
+        WhenModal([button](QWidget* w) {
+            Shot(w, (std::string(button) + ".png").c_str());
+            if (auto* tabs = w->findChild<QTabWidget*>(); tabs && tabs->count() > 1) {
+                tabs->setCurrentIndex(1);
+                Shot(w, (std::string(button) + "-2.png").c_str());
+            }
+            w->close();
+        });
+        QTest::mouseClick(ed->findChild<QPushButton*>(button), Qt::LeftButton);
+    }
     const size_t boxesBefore = fake.ui.boxes.size();
     QTest::mouseClick(ed->findChild<QPushButton*>("PButSave"), Qt::LeftButton);
     for (size_t i = boxesBefore; i < fake.ui.boxes.size(); ++i)

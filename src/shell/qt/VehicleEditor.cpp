@@ -316,12 +316,13 @@ QWidget* VehicleEditor::GeneralTab() {
     line(Caption("Internal structure", weights), m.LISTonnage);
     for (size_t i = 0; i < 3; ++i) {
         auto* desc = Bound(m.LControlDesc[i], weights);
+        desc->setStyleSheet("color: #404040;");
         auto* tons = Bound(m.LControlTonnage[i], weights, true);
         wg->addWidget(desc, r, 0);
         wg->addWidget(tons, r, 2);
         ++r;
     }
-    line(Caption("Heat sinks", weights), m.LHeatSinkTonnage, &m.LHeatSinks);
+    line(Caption("Heat sinks (number)", weights), m.LHeatSinkTonnage, &m.LHeatSinks);
     line(Caption("Crew", weights), m.LCrewTonnage);
     wg->setColumnStretch(0, 1);
     wg->setRowStretch(r, 1);
