@@ -22,6 +22,7 @@
 #include "refdata/Weapons.h"
 #include "shell/qt/VehicleEditor.h"
 #include "support/FakeUi.h"
+#include "support/NewEditor.h"
 
 using namespace bw;
 
@@ -52,18 +53,7 @@ protected:
 
     // As the New Vehicle command makes an editor.
     qt::VehicleEditor& Open(int16_t type, int16_t base = 0, int16_t level = 3) {
-        auto m = std::make_unique<frmVhl>();
-        auto v = std::make_shared<Vehicle>();
-        m->vhl = v;
-        v->frm = m.get();
-        m->Form_Load();
-        v->SetTechBase(base);
-        v->SetTechLevel(level);
-        v->SetType(type);
-        v->SetTonnage(type == kVhlSuperHeavy ? 100 : 5);
-        v->SetCruiseSpeed(1);
-        m->zSetUpBaseData();
-        editor = qt::zShowVehicleEditor(std::move(m));
+        editor = qt::zShowVehicleEditor(test::NewEditor(type, base, level));
         editor->resize(editor->sizeHint());
         EXPECT_TRUE(QTest::qWaitForWindowExposed(editor));
         return *editor;

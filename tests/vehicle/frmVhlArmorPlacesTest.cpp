@@ -8,6 +8,7 @@
 #include "database/DatabaseOps.h"
 #include "refdata/DiagramGeometry.h"
 #include "VehicleTestSupport.h"
+#include "support/NewEditor.h"
 #include "vehicle/frmVhl.h"
 
 using namespace bw;
@@ -68,17 +69,9 @@ TEST_F(ArmorPlacesTest, EveryShownInputStandsInItsOwnLocation) {
     };
     for (const Arrangement& a : all) {
         SCOPED_TRACE("type " + std::to_string(a.type) + (a.main ? " turret" : "") + (a.sec ? " second" : ""));
-        frmVhl win;
-        auto v = std::make_shared<Vehicle>();
-        win.vhl = v;
-        v->frm = &win;
-        win.Form_Load();
-        v->SetTechBase(0);
-        v->SetTechLevel(3);
-        v->SetType(a.type);
-        v->SetTonnage(a.type == kVhlSuperHeavy ? 100 : 5);
-        v->SetCruiseSpeed(1);
-        win.zSetUpBaseData();
+        auto editor = NewEditor(a.type);
+        frmVhl& win = *editor;
+        const auto& v = win.vhl;
         if (a.main) win.CBoxHasTurret.SetValue(1);
         if (a.sec) win.CBoxHasSecondTurret.SetValue(1);
         ASSERT_EQ(v->HasTurret != 0, a.main);

@@ -11,6 +11,7 @@
 #include "core/Settings.h"
 #include "database/DatabaseOps.h"
 #include "VehicleTestSupport.h"
+#include "support/NewEditor.h"
 #include "vehicle/frmVhl.h"
 
 using namespace bw;
@@ -32,17 +33,7 @@ protected:
     }
     // As the New Vehicle command makes an editor.
     frmVhl& New(int16_t type, int16_t base = 0, int16_t level = 3) {
-        win = std::make_unique<frmVhl>();
-        auto v = std::make_shared<Vehicle>();
-        win->vhl = v;
-        v->frm = win.get();
-        win->Form_Load();
-        v->SetTechBase(base);
-        v->SetTechLevel(level);
-        v->SetType(type);
-        v->SetTonnage(5);
-        v->SetCruiseSpeed(1);
-        win->zSetUpBaseData();
+        win = NewEditor(type, base, level);
         return *win;
     }
     static std::vector<std::string> Lines(const ComboBox& c) {

@@ -11,6 +11,7 @@
 #include "core/Settings.h"
 #include "database/DatabaseOps.h"
 #include "VehicleTestSupport.h"
+#include "support/NewEditor.h"
 #include "vehicle/frmVhl.h"
 
 using namespace bw;
@@ -29,17 +30,7 @@ protected:
         zResetDatabase();
     }
     frmVhl& New(int16_t type, int16_t base = 0, int16_t level = 3, int16_t tons = 5) {
-        win = std::make_unique<frmVhl>();
-        auto v = std::make_shared<Vehicle>();
-        win->vhl = v;
-        v->frm = win.get();
-        win->Form_Load();
-        v->SetTechBase(base);
-        v->SetTechLevel(level);
-        v->SetType(type);
-        v->SetTonnage(5);
-        v->SetCruiseSpeed(1);
-        win->zSetUpBaseData();
+        win = NewEditor(type, base, level);
         if (tons != 5) win->scrlTonnage.SetValue(tons);
         return *win;
     }

@@ -63,6 +63,15 @@ void BindMenuItem(QAction* a, MenuItem& c);
 // The window title follows the control's caption.
 void BindWindowTitle(QWidget* w, Control& c);
 
+// A new widget named after its model (so checks can find it) and bound to it.
+template <class W, class M, class Bind>
+W* MakeBound(M& model, QWidget* parent, Bind bind) {
+    auto* w = new W(parent);
+    w->setObjectName(QString::fromStdString(model.Name));
+    bind(w, model);
+    return w;
+}
+
 // Qt text from the model's Windows-1252 text and back; "&" marks stay, as
 // Qt reads them the same way in menus and buttons.
 QString FromModel(const std::string& s);

@@ -28,12 +28,7 @@ constexpr int kMinHexes = kMapRangeLastIndex + 2;
 
 QColor FromWindowsColor(int32_t c) { return QColor(c & 0xFF, (c >> 8) & 0xFF, (c >> 16) & 0xFF); }
 
-QLabel* Bound(Label& model, QWidget* parent) {
-    auto* l = new QLabel(parent);
-    l->setObjectName(QString::fromStdString(model.Name));
-    BindLabel(l, model);
-    return l;
-}
+QLabel* Bound(Label& model, QWidget* parent) { return MakeBound<QLabel>(model, parent, BindLabel); }
 
 QTreeWidget* List(ListView& model, QWidget* parent) {
     auto* t = new QTreeWidget(parent);

@@ -38,9 +38,7 @@ namespace {
 constexpr int kTwipsPerPixel = 15;
 
 QLabel* Bound(Label& model, QWidget* parent, bool figure = false) {
-    auto* l = new QLabel(parent);
-    l->setObjectName(QString::fromStdString(model.Name));
-    BindLabel(l, model);
+    auto* l = MakeBound<QLabel>(model, parent, BindLabel);
     if (figure) {
         l->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
         l->setMinimumWidth(44);
@@ -54,26 +52,16 @@ QLabel* Caption(const char* text, QWidget* parent) {
     return l;
 }
 
-QCheckBox* Bound(CheckBox& model, QWidget* parent) {
-    auto* b = new QCheckBox(parent);
-    b->setObjectName(QString::fromStdString(model.Name));
-    BindCheckBox(b, model);
-    return b;
-}
+QCheckBox* Bound(CheckBox& model, QWidget* parent) { return MakeBound<QCheckBox>(model, parent, BindCheckBox); }
 
 QComboBox* Bound(ComboBox& model, QWidget* parent) {
-    auto* c = new QComboBox(parent);
-    c->setObjectName(QString::fromStdString(model.Name));
+    auto* c = MakeBound<QComboBox>(model, parent, BindCombo);
     c->setSizeAdjustPolicy(QComboBox::AdjustToContents);
-    BindCombo(c, model);
     return c;
 }
 
 QPushButton* Bound(CommandButton& model, QWidget* parent) {
-    auto* b = new QPushButton(parent);
-    b->setObjectName(QString::fromStdString(model.Name));
-    BindButton(b, model);
-    return b;
+    return MakeBound<QPushButton>(model, parent, BindButton);
 }
 
 QWidget* Number(TextBox& text, ScrollBar& scrl, QWidget* parent, int width = 48) {

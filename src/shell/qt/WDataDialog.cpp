@@ -15,10 +15,8 @@ namespace bw::qt {
 
 namespace {
 QLabel* Value(Label& model, QWidget* parent) {
-    auto* l = new QLabel(parent);
-    l->setObjectName(QString::fromStdString(model.Name));
+    auto* l = MakeBound<QLabel>(model, parent, BindLabel);
     l->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    BindLabel(l, model);
     return l;
 }
 }  // namespace
