@@ -367,3 +367,44 @@ TEST_F(EndToEnd, CreateSaveReopenChangeOverwriteDelete) {
     main->close();
     second.reset();
 }
+
+TEST_F(EndToEnd, ClosingTheProgramAsksEveryUnsavedEditor) {
+    auto host = std::make_unique<qt::QtStartupHost>();
+    ASSERT_EQ(Main(*host), StartResult::Running);
+    qt::MainWindow* main = host->Window();
+    // The offscreen screen is small; on a full-HD one the cascade holds two.
+    host->Model()->ScreenWidth = 1920 * 15;
+    host->Model()->ScreenHeight = 1080 * 15;
+    for (int i = 0; i < 2; ++i) {
+        WhenModal([](QWidget* dlg) { QTest::mouseClick(dlg->findChild<QPushButton*>("PButCreate"), Qt::LeftButton); });
+        main->ToolAction("butVHLNew")->trigger();
+    }
+    std::vector<qt::VehicleEditor*> editors;
+    for (QWidget* w : QApplication::topLevelWidgets())
+        if (auto* e = qobject_cast<qt::VehicleEditor*>(w); e && e->isVisible()) editors.push_back(e);
+    ASSERT_EQ(editors.size(), 2u);
+    // Two windows on two designs, the second a step down and right.
+    EXPECT_NE(editors[0]->Model().vhl.get(), editors[1]->Model().vhl.get());
+    EXPECT_EQ(std::abs(editors[1]->Model().Left - editors[0]->Model().Left), 120);
+
+    // The first editor asked keeps its design: the program stays, and the
+    // other editor was still asked.
+    fake.ui.answers = {MsgResult::Cancel, MsgResult::No};
+    const size_t before = fake.ui.boxes.size();
+    main->close();
+    ASSERT_EQ(fake.ui.boxes.size(), before + 2);
+    EXPECT_EQ(fake.ui.boxes[before].title, "Save?");
+    EXPECT_EQ(fake.ui.boxes[before + 1].title, "Save?");
+    EXPECT_TRUE(main->isVisible());
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    int open = 0;
+    for (QWidget* w : QApplication::topLevelWidgets())
+        if (auto* e = qobject_cast<qt::VehicleEditor*>(w); e && e->isVisible()) ++open;
+    EXPECT_EQ(open, 1);
+
+    // Asked again, it lets go, and the program closes.
+    fake.ui.answers = {MsgResult::No};
+    main->close();
+    EXPECT_FALSE(main->isVisible());
+    host.reset();
+}
