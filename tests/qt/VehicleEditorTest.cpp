@@ -203,3 +203,23 @@ TEST_F(QtVehicleEditor, ScreenshotsOfEveryTabForThreeTypes) {
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     }
 }
+
+TEST_F(QtVehicleEditor, FreeTonnageFlashesWhenMoreThanATonOver) {
+    auto& ed = Open(kVhlTracked);
+    frmVhl& m = ed.Model();
+    auto* free = Find<QLabel>("LTonnageFree");
+    // Five tons of armor on a five-ton vehicle.
+    m.scrlArmorTonnage.SetValue(10);
+    ASSERT_LE(m.vhl->FreeTonnage, -1);
+    const QColor first = free->palette().color(QPalette::WindowText);
+    EXPECT_EQ(first, QColor(255, 0, 0));
+    // The window's timer swaps red and green every half second.
+    QTest::qWait(600);
+    const QColor second = free->palette().color(QPalette::WindowText);
+    EXPECT_EQ(second, QColor(0, 255, 0));
+    // Back within the tons: black and steady.
+    m.scrlArmorTonnage.SetValue(0);
+    EXPECT_EQ(free->palette().color(QPalette::WindowText), QColor(0, 0, 0));
+    QTest::qWait(600);
+    EXPECT_EQ(free->palette().color(QPalette::WindowText), QColor(0, 0, 0));
+}
