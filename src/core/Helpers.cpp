@@ -4,6 +4,7 @@
 
 #include <cctype>
 #include <cmath>
+#include <cstdio>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -208,6 +209,18 @@ std::string zDirFind(const std::string& folder, const std::string& name) {
 }
 
 // ---- settings -------------------------------------------------------------
+
+std::string zNumText(double v) {
+    char buf[40];
+    std::snprintf(buf, sizeof buf, "%.15g", v);
+    return buf;
+}
+
+std::string zSingleText(double v) {
+    char buf[40];
+    std::snprintf(buf, sizeof buf, "%.7g", v);
+    return buf;
+}
 
 bool zIsNumeric(const std::string& text) {
     const std::string s = zTrim(text);

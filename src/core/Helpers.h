@@ -47,6 +47,12 @@ std::string zDirFind(const std::string& folder, const std::string& name);
 // is not numeric gives def when check is true, else raises type mismatch.
 double zGetNumericSetting(const std::string& app, const std::string& section, const std::string& key, double def,
                           bool check);
+// A number as the windows show it: general format, no trailing zeros.
+// zNumText keeps a double's digits; zSingleText shows a single-precision
+// figure (sums and quotients of tons) without its noise digits.
+std::string zNumText(double v);
+std::string zSingleText(double v);
+
 // Numeric as the run-time sees it: optional blanks, sign, digits, point and
 // exponent.
 bool zIsNumeric(const std::string& text);

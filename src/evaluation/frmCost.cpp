@@ -14,19 +14,9 @@ namespace bw {
 
 namespace {
 
-// A number as the window writes it: general format, no trailing zeros.
-std::string Num(double v) {
-    char buf[40];
-    std::snprintf(buf, sizeof buf, "%.15g", v);
-    return buf;
-}
+std::string Num(double v) { return zNumText(v); }
 
 std::string Num(int64_t v) { return std::to_string(v); }
-
-const WeaponRec& Row(int16_t i) {
-    if (i < 0 || static_cast<size_t>(i) >= gWeapons.size()) zRaise(kErrSubscript);
-    return gWeapons[static_cast<size_t>(i)];
-}
 
 // A figure read back from a label; text that is not a number is a type
 // mismatch, as the run-time's conversion would raise.
@@ -134,7 +124,7 @@ void zGenDamageReport(const Vehicle& vhl, frmCost& frm) {
         double weaponTons = 0;
         for (const VehicleItem& it : vhl.Items) {
             if (it.wStatus != kTrue) continue;
-            const WeaponRec& w = Row(it.wType);
+            const WeaponRec& w = zWeaponRow(it.wType);
             if (w.Type != kWpnEquipment && w.Type != kWpnAmmunition) weaponTons += w.Tonnage;
             const int16_t split = w.HasDamageUnit == -1 ? w.Damage : w.HasDamageUnit;
             if (w.RangeUnit == "Map") {
@@ -272,7 +262,7 @@ void zGenWeapCost(const std::vector<int16_t>& activeRows, frmCost& frm, bool wFi
         };
         std::vector<Group> groups;
         for (int16_t r : activeRows) {
-            const WeaponRec& w = Row(r);
+            const WeaponRec& w = zWeaponRow(r);
             bool found = false;
             for (Group& g : groups) {
                 if (g.row == r) {
@@ -285,7 +275,7 @@ void zGenWeapCost(const std::vector<int16_t>& activeRows, frmCost& frm, bool wFi
         }
         int32_t weapons = 0, ammo = 0;
         for (const Group& g : groups) {
-            const WeaponRec& w = Row(g.row);
+            const WeaponRec& w = zWeaponRow(g.row);
             const int32_t cost = zI32(int64_t{g.count} * g.unitCost);
             const std::string text = "(" + std::to_string(g.count) + ") " + w.Name;
             if (w.Type == kWpnAmmunition) {
@@ -325,7 +315,7 @@ int32_t zCombatValue(const Vehicle& vhl) {
 
     for (const VehicleItem& it : vhl.Items) {
         if (it.wStatus != kTrue) continue;
-        const WeaponRec& w = Row(it.wType);
+        const WeaponRec& w = zWeaponRow(it.wType);
         if (w.CombatValue == -1) continue;
         add(w.CombatValue);
         if (w.Type != kWpnEnergy && w.Type != kWpnEquipment && w.Heat > 0) add(mul16(T, w.Heat));

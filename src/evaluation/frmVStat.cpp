@@ -3,6 +3,7 @@
 #include <cstdio>
 
 #include "core/Errors.h"
+#include "core/Helpers.h"
 #include "core/Vocabulary.h"
 #include "vehicle/Vehicle.h"
 
@@ -10,11 +11,7 @@ namespace bw {
 
 namespace {
 
-std::string Num(double v) {
-    char buf[40];
-    std::snprintf(buf, sizeof buf, "%.15g", v);
-    return buf;
-}
+std::string Num(double v) { return zNumText(v); }
 
 std::string Num(int32_t v) { return std::to_string(v); }
 

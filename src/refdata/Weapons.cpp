@@ -218,6 +218,11 @@ WeaponRec ReadWeapon(BinaryReader& r) {
 
 }  // namespace
 
+const WeaponRec& zWeaponRow(int32_t wType) {
+    if (wType < 0 || static_cast<size_t>(wType) >= gWeapons.size()) zRaise(kErrSubscript);
+    return gWeapons[static_cast<size_t>(wType)];
+}
+
 bool zLoadWeapons() {
     return zTrap<bool>("zLoadWeapons", false, [] {
         const std::string found = zDirFind(gAppPath, kWeaponsFile);

@@ -42,6 +42,9 @@ constexpr int16_t kWeaponsVersion = 2;
 // Certification string, version and highest index.
 constexpr int kRefHeaderBytes = 45 + 2 + 2;
 
+// Row wType of the table; a number outside it raises the subscript error.
+const WeaponRec& zWeaponRow(int32_t wType);
+
 // Loads "weapons.bin" from the program's folder into gWeapons, reporting
 // progress on the splash bar. False after telling the user.
 bool zLoadWeapons();

@@ -24,10 +24,6 @@ bool IsYes(int16_t flag) { return flag == kTrue; }
 // The quotients the rules take in single precision, widened for storage.
 double SingleQuotient(int16_t n, float d) { return static_cast<double>(static_cast<float>(n) / d); }
 
-const WeaponRec& Row(int32_t wType) {
-    if (wType < 0 || static_cast<size_t>(wType) >= gWeapons.size()) zRaise(kErrSubscript);
-    return gWeapons[static_cast<size_t>(wType)];
-}
 
 VehicleItem& Element(std::vector<VehicleItem>& items, int32_t wRef) {
     if (wRef < 0 || static_cast<size_t>(wRef) >= items.size()) zRaise(kErrSubscript);
@@ -55,7 +51,7 @@ ItemSlots CountItemSlots(const std::vector<VehicleItem>& items) {
     bool passengers = false;
     for (const VehicleItem& it : items) {
         if (it.wStatus != kTrue) continue;
-        const WeaponRec& w = Row(it.wType);
+        const WeaponRec& w = zWeaponRow(it.wType);
         if (w.Type == kWpnAmmunition) {
             if (std::find(ammo.begin(), ammo.end(), it.wType) == ammo.end()) ammo.push_back(it.wType);
         } else if (w.Name == "Cargo Space") {
@@ -146,7 +142,7 @@ int16_t zArmorItemSlots(int16_t armorType) {
 }
 
 bool zVehicleMayMount(int32_t row, int16_t techBase, int16_t techLevel, int16_t vhlType) {
-    const WeaponRec& w = Row(row);
+    const WeaponRec& w = zWeaponRow(row);
     if (w.Base != techBase || w.Level > techLevel) return false;
     if (w.UseClass == 2 && vhlType >= kVhlTracked && vhlType <= kVhlVTOL) return false;
     return true;
@@ -357,7 +353,7 @@ void Vehicle::zCalcTCTonnage() {
     double sum = 0;
     for (const VehicleItem& it : Items) {
         if (it.wStatus != kTrue) continue;
-        const WeaponRec& w = Row(it.wType);
+        const WeaponRec& w = zWeaponRow(it.wType);
         if (w.TCFlag == 1) sum += w.Tonnage;
     }
     TCTonnage = TechBase == kBaseInnerSphere ? zRoundUp(sum / 4.0) : zRoundUp(sum / 5.0);
@@ -556,7 +552,7 @@ void Vehicle::SetArmorLoc(int16_t wLoc, int16_t wAmt) {
 int16_t Vehicle::AddWeapon(int16_t wType) {
     return zTrap<int16_t>("Vehicle.AddWeapon", kFalse, [&]() -> int16_t {
         const int16_t free = zI16(int64_t{MaxItems} - NumItems);
-        const WeaponRec& w = Row(wType);
+        const WeaponRec& w = zWeaponRow(wType);
         // Exactly zero: a design already over its slots may go on adding.
         if (free == 0) {
             bool joins = false;
@@ -696,7 +692,7 @@ void Vehicle::CalcWeaponTonnages() {
         SponsonTurretTonnage = 0;
         for (const VehicleItem& it : Items) {
             if (it.wStatus != kTrue) continue;
-            const WeaponRec& w = Row(it.wType);
+            const WeaponRec& w = zWeaponRow(it.wType);
             const double t = w.Tonnage;
             WeaponTonnage += t;
             if (it.wLoc == kLocTurret && w.Type != kWpnEquipment) TurretWeaponTonnage += t;
@@ -776,7 +772,7 @@ void Vehicle::UpdateSelectedWeapons(TreeView& tv) const {
             const auto found = std::find(std::begin(groups), std::end(groups), it.wLoc);
             if (found != std::end(groups)) current = static_cast<size_t>(found - std::begin(groups));
             const std::string key = "w" + std::to_string(it.wType) + "-" + std::to_string(it.wNum);
-            const std::string text = Row(it.wType).Name + " (#" + std::to_string(it.wNum) + ")";
+            const std::string text = zWeaponRow(it.wType).Name + " (#" + std::to_string(it.wNum) + ")";
             children[current].emplace_back(key, text);
         }
         for (size_t g = 0; g < std::size(groups); ++g) {

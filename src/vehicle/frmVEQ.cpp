@@ -4,6 +4,7 @@
 
 #include "core/Config.h"
 #include "core/Errors.h"
+#include "core/Helpers.h"
 #include "core/Ui.h"
 #include "core/Vocabulary.h"
 #include "refdata/Weapons.h"
@@ -23,16 +24,7 @@ constexpr int16_t kLocMastMount = kLocSecondTurret;
 
 // Figures as the run-time shows a number: no trailing zeros, and sums of
 // fractional tons without their noise digits.
-std::string Num(double v) {
-    char buf[32];
-    std::snprintf(buf, sizeof buf, "%.7g", v);
-    return buf;
-}
-
-const WeaponRec& Row(int32_t wType) {
-    if (wType < 0 || static_cast<size_t>(wType) >= gWeapons.size()) zRaise(kErrSubscript);
-    return gWeapons[static_cast<size_t>(wType)];
-}
+std::string Num(double v) { return zSingleText(v); }
 
 }  // namespace
 
@@ -79,7 +71,7 @@ const VehicleItem& frmVEQ::zItem(int32_t idx) const {
 
 std::string frmVEQ::zEntryText(int16_t idx) const {
     const VehicleItem& it = zItem(idx);
-    return Row(it.wType).Name + " (#" + std::to_string(it.wNum) + ")";
+    return zWeaponRow(it.wType).Name + " (#" + std::to_string(it.wNum) + ")";
 }
 
 void frmVEQ::zReloadData() {
@@ -120,7 +112,7 @@ void frmVEQ::zReloadData() {
 
 std::string frmVEQ::zListTonnage(const ListBox& box) const {
     double tons = 0;
-    for (int32_t i = 0; i < box.ListCount(); ++i) tons += Row(zItem(box.ItemData(i)).wType).Tonnage;
+    for (int32_t i = 0; i < box.ListCount(); ++i) tons += zWeaponRow(zItem(box.ItemData(i)).wType).Tonnage;
     return Num(tons) + " tons mounted";
 }
 
@@ -179,7 +171,7 @@ void frmVEQ::LBoxLoc_DragDrop(int16_t i, const Control* source) {
         target.SetBackColor(kWhite);
         if (source != &LBoxAvail || LBoxAvail.ListIndex() < 0) return;
 
-        const WeaponRec& row = Row(zItem(LBoxAvail.ItemData(LBoxAvail.ListIndex())).wType);
+        const WeaponRec& row = zWeaponRow(zItem(LBoxAvail.ItemData(LBoxAvail.ListIndex())).wType);
         if (i != kLocBody && row.Type == kWpnAmmunition) {
             zMsgBox("Ammunition may only be added to the Body location on a vehicle.", MsgButtons::OK,
                     MsgIcon::Critical, "Unable to add item");

@@ -24,11 +24,7 @@ constexpr int32_t kGreen = 0x00FF00;
 
 // Figures as the run-time shows a number: no trailing zeros, single
 // precision quotients without their noise digits.
-std::string Num(double v) {
-    char buf[32];
-    std::snprintf(buf, sizeof buf, "%.7g", v);
-    return buf;
-}
+std::string Num(double v) { return zSingleText(v); }
 std::string Num(int32_t v) { return std::to_string(v); }
 
 double TextValue(const std::string& t) { return zIsNumeric(t) ? std::strtod(t.c_str(), nullptr) : 0.0; }
@@ -1102,7 +1098,7 @@ void frmVhl::tvAvailEq_Expand(const std::string& key) {
             BatchUpdate batch(tvAvailEq);
             tvAvailEq.Remove(kids[0]->Key);
             for (int16_t row : wValid[c])
-                tvAvailEq.Add(key, "w" + std::to_string(row), gWeapons.at(static_cast<size_t>(row)).Name);
+                tvAvailEq.Add(key, "w" + std::to_string(row), zWeaponRow(row).Name);
         }
         PButExpandAvail.SetEnabled(true);
         PButCollapseAvail.SetEnabled(true);

@@ -33,7 +33,9 @@ ToolRun Bwtool(const std::string& args) {
 
 std::string Sample() {
     Vehicle v;
-    v.Name = "Caf\xe9 \"Racer\"";
+    // Windows-1252 text: an accented letter, quotes, the euro sign, a
+    // backslash, an unassigned byte and a control character.
+    v.Name = "Caf\xe9 \"Racer\" \x80\\\x81\x01";
     v.Tonnage = 25;
     v.Items = {{2, 1, 0, -1}};
     Fighter f;
@@ -74,7 +76,7 @@ TEST(BwtoolDb, DumpPrintsOneJsonLinePerDesign) {
     const size_t nl = r.out.find('\n');
     ASSERT_NE(nl, std::string::npos);
     const std::string first = r.out.substr(0, nl), second = r.out.substr(nl + 1);
-    EXPECT_EQ(first.rfind("{\"kind\":\"vehicle\",\"index\":0,\"Name\":\"Caf\xc3\xa9 \\\"Racer\\\"\",\"VhlType\":0,", 0), 0u)
+    EXPECT_EQ(first.rfind("{\"kind\":\"vehicle\",\"index\":0,\"Name\":\"Caf\xc3\xa9 \\\"Racer\\\" \xe2\x82\xac\\\\\\u0081\\u0001\",\"VhlType\":0,", 0), 0u)
         << first;
     EXPECT_NE(first.find(",\"Tonnage\":25,"), std::string::npos);
     EXPECT_NE(first.find(",\"Items\":[{\"wType\":2,\"wNum\":1,\"wLoc\":0,\"wStatus\":-1}]}"), std::string::npos);

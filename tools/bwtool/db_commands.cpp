@@ -5,6 +5,7 @@
 
 #include "Commands.h"
 #include "ConsoleUi.h"
+#include "core/Codepage.h"
 #include "core/BinaryIO.h"
 #include "core/Errors.h"
 #include "core/Globals.h"
@@ -43,33 +44,24 @@ int RunCheck(const std::vector<std::string>& args) {
     return c.ok ? 0 : 1;
 }
 
-// JSON text of Windows-1252 bytes: escaped, and converted to UTF-8 so that
-// any JSON reader accepts it.
+// JSON text of Windows-1252 bytes: converted to UTF-8 so that any JSON
+// reader accepts it, with quotes, backslashes and control characters
+// escaped; a byte the code page leaves unassigned keeps the C1 control of
+// its number, escaped too.
 std::string JsonText(const std::string& s) {
-    // 0x80..0x9F of Windows-1252; 0 where the code page leaves a hole (those
-    // bytes then keep the C1 control of the same number).
-    static const char16_t kHigh[32] = {0x20AC, 0,      0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021,
-                                       0x02C6, 0x2030, 0x0160, 0x2039, 0x0152, 0,      0x017D, 0,
-                                       0,      0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014,
-                                       0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0,      0x017E, 0x0178};
     std::string out = "\"";
-    for (unsigned char c : s) {
-        unsigned cp = c;
-        if (c >= 0x80 && c <= 0x9F && kHigh[c - 0x80]) cp = kHigh[c - 0x80];
-        if (cp == '"') out += "\\\"";
-        else if (cp == '\\') out += "\\\\";
-        else if (cp < 0x20 || (cp >= 0x7F && cp <= 0x9F)) {
+    for (char ch : s) {
+        const auto c = static_cast<unsigned char>(ch);
+        const bool unassigned = c == 0x81 || c == 0x8D || c == 0x8F || c == 0x90 || c == 0x9D;
+        if (c == '"' || c == '\\') {
+            out += '\\';
+            out += ch;
+        } else if (c < 0x20 || c == 0x7F || unassigned) {
             char buf[8];
-            std::snprintf(buf, sizeof buf, "\\u%04x", cp);
+            std::snprintf(buf, sizeof buf, "\\u%04x", static_cast<unsigned>(c));
             out += buf;
-        } else if (cp < 0x80) out += static_cast<char>(cp);
-        else if (cp < 0x800) {
-            out += static_cast<char>(0xC0 | (cp >> 6));
-            out += static_cast<char>(0x80 | (cp & 0x3F));
         } else {
-            out += static_cast<char>(0xE0 | (cp >> 12));
-            out += static_cast<char>(0x80 | ((cp >> 6) & 0x3F));
-            out += static_cast<char>(0x80 | (cp & 0x3F));
+            out += bw::zCp1252ToUtf8(std::string(1, ch));
         }
     }
     return out + "\"";
