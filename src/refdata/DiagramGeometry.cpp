@@ -376,16 +376,7 @@ private:
             }
             item.kind = DgItem::Draw;
             item.style = t[i++].text;
-            if (!ParseShape(t, i, item.shape, error)) return false;
-            bool mirror = false;
-            if (!Rest(t, i, mirror, error)) return false;
-            Add(item);
-            if (mirror) {
-                if (!CentreKnown(error)) return false;
-                item.shape = item.shape.Mirrored(src_.centre, src_.horizontal);
-                Add(item);
-            }
-            return true;
+            return AddShape(t, i, item, error);
         }
         if (cmd == "text") {
             item.kind = DgItem::Text;
@@ -444,16 +435,7 @@ private:
             if (cmd == "outline") {
                 item.kind = DgItem::Outline;
                 item.location = reg.location;
-                if (!ParseShape(t, i, item.shape, error)) return false;
-                bool mirror = false;
-                if (!Rest(t, i, mirror, error)) return false;
-                Add(item);
-                if (mirror) {
-                    if (!CentreKnown(error)) return false;
-                    item.shape = item.shape.Mirrored(src_.centre, src_.horizontal);
-                    Add(item);
-                }
-                return true;
+                return AddShape(t, i, item, error);
             }
             if (!intArg(reg.count, "dot count")) return false;
             if (reg.count < 0 || reg.count > 1000) {
@@ -554,6 +536,20 @@ private:
         return true;
     }
     void Add(const DgItem& item) { src_.items.push_back(item); }
+    // The shape of a drawn line or an outline, and its mirror image when the
+    // line ends with "mirror".
+    bool AddShape(const std::vector<Token>& t, size_t& i, DgItem& item, std::string& error) {
+        if (!ParseShape(t, i, item.shape, error)) return false;
+        bool mirror = false;
+        if (!Rest(t, i, mirror, error)) return false;
+        Add(item);
+        if (mirror) {
+            if (!CentreKnown(error)) return false;
+            item.shape = item.shape.Mirrored(src_.centre, src_.horizontal);
+            Add(item);
+        }
+        return true;
+    }
     bool CentreKnown(std::string& error) {
         if (src_.centre > 0) return true;
         error = "mirror before the centre line is given";
