@@ -1,7 +1,7 @@
 #include "shell/qt/Icons.h"
 
 #include <QPainter>
-#include <QPainterPath>
+#include <QPolygonF>
 #include <QPixmap>
 
 namespace bw::qt {
@@ -23,32 +23,13 @@ void DrawKind(QPainter& p, const QString& kind) {
         for (int x = 7; x <= 23; x += 5) p.drawEllipse(QPointF(x, 22), 1.6, 1.6);
     } else if (kind == "fighter") {
         // A delta-winged fighter seen from above.
-        QPainterPath path;
-        path.moveTo(16, 3);
-        path.lineTo(19, 13);
-        path.lineTo(29, 22);
-        path.lineTo(19, 21);
-        path.lineTo(18, 27);
-        path.lineTo(14, 27);
-        path.lineTo(13, 21);
-        path.lineTo(3, 22);
-        path.lineTo(13, 13);
-        path.closeSubpath();
-        p.drawPath(path);
+        p.drawPolygon(QPolygonF({{16, 3}, {19, 13}, {29, 22}, {19, 21}, {18, 27}, {14, 27}, {13, 21}, {3, 22}, {13, 13}}));
     } else if (kind == "dropship") {
         p.drawEllipse(QRectF(7, 3, 18, 24));
         p.drawLine(QPointF(16, 7), QPointF(16, 23));
     } else {
         // A long warship hull.
-        QPainterPath path;
-        path.moveTo(2, 16);
-        path.lineTo(8, 11);
-        path.lineTo(28, 11);
-        path.lineTo(30, 16);
-        path.lineTo(28, 21);
-        path.lineTo(8, 21);
-        path.closeSubpath();
-        p.drawPath(path);
+        p.drawPolygon(QPolygonF({{2, 16}, {8, 11}, {28, 11}, {30, 16}, {28, 21}, {8, 21}}));
     }
 }
 
