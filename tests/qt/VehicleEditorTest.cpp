@@ -1,6 +1,6 @@
-// The vehicle editor's widgets drive its model as a user would: typing and
-// leaving a box, the arrows of an up-down, check boxes, the tabs, the trees,
-// the armor inputs on the diagram, and the close button's question.
+// What the end-to-end road does not reach of the editor's widgets: removing
+// through the mounted tree, where each armor input stands on the diagram of
+// every type, the diagram hidden off its tab, and the flashing free tonnage.
 #include <gtest/gtest.h>
 
 #include <QApplication>
@@ -64,12 +64,6 @@ protected:
         EXPECT_NE(w, nullptr) << name;
         return w;
     }
-    static void TypeAndLeave(QLineEdit* e, const QString& text) {
-        e->setFocus();
-        e->selectAll();
-        QTest::keyClicks(e, text);
-        e->clearFocus();
-    }
     static void Shot(QWidget& w, const QString& file) {
         if (qEnvironmentVariableIsSet("BW_TEST_SHOTS"))
             w.grab().save(qEnvironmentVariable("BW_TEST_SHOTS") + "/" + file);
@@ -77,36 +71,6 @@ protected:
 };
 
 }  // namespace
-
-TEST_F(QtVehicleEditor, ChassisInputsRunTheRules) {
-    auto& ed = Open(kVhlTracked);
-    frmVhl& m = ed.Model();
-    TypeAndLeave(Find<QLineEdit>("TTonnage"), "50");
-    EXPECT_EQ(m.vhl->Tonnage, 50);
-    EXPECT_EQ(m.scrlTonnage.Value(), 50);
-    // A figure off the five-ton steps starts again at the bottom.
-    TypeAndLeave(Find<QLineEdit>("TTonnage"), "52");
-    EXPECT_EQ(m.vhl->Tonnage, 5);
-    TypeAndLeave(Find<QLineEdit>("TTonnage"), "50");
-
-    auto* speed = Find<QWidget>("scrlSpeed");
-    auto* up = speed->findChild<QToolButton*>("up");
-    ASSERT_NE(up, nullptr);
-    for (int i = 0; i < 3; ++i) QTest::mouseClick(up, Qt::LeftButton);
-    EXPECT_EQ(m.vhl->CruiseSpeed, 4);
-    EXPECT_EQ(Find<QLineEdit>("TCruise")->text(), "4");
-    EXPECT_EQ(m.vhl->FlankSpeed, 6);
-    EXPECT_EQ(Find<QLabel>("LFlank")->text(), "6");
-
-    QTest::mouseClick(Find<QCheckBox>("CBoxHasTurret"), Qt::LeftButton);
-    EXPECT_EQ(m.vhl->HasTurret, kTrue);
-    // Unsaved: the title carries the mark.
-    EXPECT_TRUE(ed.windowTitle().endsWith(" *"));
-    TypeAndLeave(Find<QLineEdit>("TName"), "Rampart");
-    EXPECT_EQ(m.vhl->Name, "Rampart");
-    EXPECT_EQ(ed.windowTitle(), "Rampart *");
-    Shot(ed, "editor-tracked-general.png");
-}
 
 TEST_F(QtVehicleEditor, TreesAddAndRemoveThroughTheButtons) {
     auto& ed = Open(kVhlTracked);
@@ -140,64 +104,37 @@ TEST_F(QtVehicleEditor, TreesAddAndRemoveThroughTheButtons) {
     EXPECT_EQ(m.vhl->WeaponCount(), 1);
 }
 
-TEST_F(QtVehicleEditor, ArmorOnTheDiagram) {
-    auto& ed = Open(kVhlTracked);
-    frmVhl& m = ed.Model();
-    ed.Tabs()->setCurrentIndex(1);
-    auto* tons = Find<QWidget>("scrlArmorTonnage", ed.Tabs()->widget(1));
-    auto* up = tons->findChild<QToolButton*>("up");
-    for (int i = 0; i < 4; ++i) QTest::mouseClick(up, Qt::LeftButton);
-    EXPECT_EQ(m.vhl->ArmorTonnage, 2.0);
-    EXPECT_EQ(m.vhl->ArmorPoints, 32);
-    Shot(ed, "editor-tracked-armor.png");
-
-    ed.Tabs()->setCurrentIndex(2);
-    auto* diagram = Find<qt::ArmorDiagram>("picVHLArm");
-    EXPECT_TRUE(diagram->isVisible());
-    // Left side, mirrored onto the right.
-    auto* left = diagram->Input(kLocLeft)->template findChild<QLineEdit*>("TArmorLoc(1)");
-    ASSERT_NE(left, nullptr);
-    TypeAndLeave(left, "6");
-    EXPECT_EQ(m.vhl->LeftArmor, 6);
-    EXPECT_EQ(m.vhl->RightArmor, 6);
-    EXPECT_EQ(diagram->Input(kLocRight)->template findChild<QLineEdit*>()->text(), "6");
-    // Each input sits over its own location: left of the centre line for the
-    // left side, right of it for the right.
-    EXPECT_LT(diagram->Input(kLocLeft)->geometry().center().x(), diagram->width() / 2);
-    EXPECT_GT(diagram->Input(kLocRight)->geometry().center().x(), diagram->width() / 2);
-    EXPECT_FALSE(diagram->Input(kLocTurret)->isVisible());
-    Shot(ed, "editor-tracked-diagram.png");
-    // Changing tabs hides the diagram until its tab shows again.
-    ed.Tabs()->setCurrentIndex(0);
-    EXPECT_FALSE(m.picVHLArm.Visible());
-}
-
-TEST_F(QtVehicleEditor, CloseAsksAndCancelKeepsTheWindow) {
-    auto& ed = Open(kVhlWheeled);
-    fake.ui.answers.push_back(MsgResult::Cancel);
-    ed.close();
-    QApplication::processEvents();
-    ASSERT_TRUE(editor);
-    EXPECT_TRUE(editor->isVisible());
-    ASSERT_EQ(fake.ui.boxes.size(), 1u);
-    EXPECT_EQ(fake.ui.boxes[0].text, "This vehicle is not yet saved, would you like to save it?");
-    EXPECT_EQ(fake.ui.boxes[0].title, "Save?");
-    fake.ui.answers.push_back(MsgResult::No);
-    editor->close();
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    EXPECT_FALSE(editor);
-}
-
-TEST_F(QtVehicleEditor, ScreenshotsOfEveryTabForThreeTypes) {
-    for (int16_t type : {kVhlTracked, kVhlVTOL, kVhlSuperHeavy}) {
+TEST_F(QtVehicleEditor, ArmorInputsStandOnTheDiagramOfEachType) {
+    for (int16_t type : {kVhlTracked, kVhlVTOL, kVhlNaval, kVhlSuperHeavy}) {
+        SCOPED_TRACE(type);
         auto& ed = Open(type);
+        frmVhl& m = ed.Model();
         if (type != kVhlVTOL) QTest::mouseClick(Find<QCheckBox>("CBoxHasTurret"), Qt::LeftButton);
-        for (int tab = 0; tab < 3; ++tab) {
+        ed.Tabs()->setCurrentIndex(2);
+        auto* diagram = Find<qt::ArmorDiagram>("picVHLArm");
+        ASSERT_TRUE(diagram->isVisible());
+        int shown = 0;
+        for (int i = 0; i < 12; ++i) {
+            QWidget* input = diagram->Input(i);
+            if (!input || !input->isVisible()) continue;
+            ++shown;
+            EXPECT_EQ(m.TArmorLoc[static_cast<size_t>(i)].Visible(), true) << i;
+            // Inside the drawing, centred on the spot scaled to the picture.
+            EXPECT_TRUE(diagram->rect().contains(input->geometry())) << i;
+            const QPoint centre = input->geometry().center();
+            EXPECT_NEAR(centre.x(), m.ArmorLocLeft[static_cast<size_t>(i)] * diagram->ShownScale(), 2) << i;
+            EXPECT_NEAR(centre.y(), m.ArmorLocTop[static_cast<size_t>(i)] * diagram->ShownScale(), 2) << i;
+        }
+        int expected = 0;
+        for (const TextBox& t : m.TArmorLoc) expected += t.Visible() ? 1 : 0;
+        EXPECT_EQ(shown, expected);
+        for (int tab : {2, 1, 0}) {
             ed.Tabs()->setCurrentIndex(tab);
-            QApplication::processEvents();
             Shot(ed, QString("editor-type%1-tab%2.png").arg(type).arg(tab));
         }
-        EXPECT_EQ(ed.Tabs()->count(), 3);
+        // Off its tab the diagram is hidden, as the model says.
+        EXPECT_FALSE(m.picVHLArm.Visible());
+        EXPECT_FALSE(diagram->isVisibleTo(&ed));
         ed.Model().wSaved = kTrue;
         ed.close();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);

@@ -149,13 +149,15 @@ QSize ArmorDiagram::sizeHint() const {
     return QSize(int(s.width() * Scale(s)), int(s.height() * Scale(s)));
 }
 
+double ArmorDiagram::ShownScale() const { return Scale(svg_->isValid() ? svg_->defaultSize() : QSize(240, 370)); }
+
 double ArmorDiagram::Scale(QSize picture) {
     // Wide pictures (the naval plan view) are drawn smaller to fit a screen.
     return std::min(kScale, 900.0 / std::max(1, picture.width()));
 }
 
 void ArmorDiagram::Place() {
-    const double scale = Scale(svg_->isValid() ? svg_->defaultSize() : QSize(240, 370));
+    const double scale = ShownScale();
     for (size_t i = 0; i < inputs_.size(); ++i) {
         QWidget* w = inputs_[i];
         if (!w) continue;

@@ -29,8 +29,9 @@ public:
     // inputs fit inside their locations.
     static constexpr double kScale = 1.5;
     static double Scale(QSize picture);
-    // The input of location i (for checks).
+    // The input of location i, and the scale the picture is drawn at.
     QWidget* Input(int i) const { return inputs_[static_cast<size_t>(i)]; }
+    double ShownScale() const;
 
 protected:
     void paintEvent(QPaintEvent*) override;
