@@ -6,18 +6,25 @@
 using namespace bw;
 using namespace bw::test;
 
+namespace {
+
+// Mounts (1) or takes off (0) an option; returns what the call left in the
+// caller's variable.
+int16_t Option(Vehicle& v, int16_t type, int16_t status = 1) {
+    v.SetSpecialEQ(type, status);
+    return status;
+}
+
+}  // namespace
+
 TEST_F(VehicleTest, ArmorPointsByTypeAndBase) {
     Vehicle v = Made(kVhlTracked, 50, 4);
     v.SetArmorTonnage(10);
-    EXPECT_EQ(v.ArmorPoints, 160);
-    const std::pair<int16_t, int16_t> is[] = {{kArmFerroFibrous, 179},  // 179.2
-                                              {kArmLightFerro, 170},     // 169.6
-                                              {kArmHeavyFerro, 198},     // 198.4
-                                              {kArmLaserReflective, 160},
-                                              {kArmReactive, 160},
-                                              {6, 0},
-                                              {-1, 0},
-                                              {kArmNormal, 160}};
+    const std::pair<int16_t, int16_t> is[] = {{kArmNormal, 160},          {kArmFerroFibrous, 179},  // 179.2
+                                              {kArmLightFerro, 170},      // 169.6
+                                              {kArmHeavyFerro, 198},      // 198.4
+                                              {kArmLaserReflective, 160}, {kArmReactive, 160},
+                                              {6, 0},                     {-1, 0}};
     for (auto [type, points] : is) {
         v.SetArmorType(type);
         EXPECT_EQ(v.ArmorPoints, points) << type;
@@ -41,28 +48,23 @@ TEST_F(VehicleTest, ArmorPointsByTypeAndBase) {
 
 TEST_F(VehicleTest, ArmorLocationsAndAllocation) {
     Vehicle v = Made(kVhlSuperHeavy, 100, 3);
-    const int16_t locs[] = {0, 1, 2, 3, 4, 5, 8, 9, 10, 11};
+    const std::pair<int16_t, int16_t Vehicle::*> places[] = {
+        {0, &Vehicle::FrontArmor},      {1, &Vehicle::LeftArmor},       {2, &Vehicle::RightArmor},
+        {3, &Vehicle::RearArmor},       {4, &Vehicle::TurretArmor},     {5, &Vehicle::SecTurretArmor},
+        {8, &Vehicle::FrontRightArmor}, {9, &Vehicle::FrontLeftArmor},  {10, &Vehicle::RearRightArmor},
+        {11, &Vehicle::RearLeftArmor}};
     int16_t amount = 1;
-    for (int16_t loc : locs) v.SetArmorLoc(loc, amount++);
-    EXPECT_EQ(v.FrontArmor, 1);
-    EXPECT_EQ(v.LeftArmor, 2);
-    EXPECT_EQ(v.RightArmor, 3);
-    EXPECT_EQ(v.RearArmor, 4);
-    EXPECT_EQ(v.TurretArmor, 5);
-    EXPECT_EQ(v.SecTurretArmor, 6);
-    EXPECT_EQ(v.FrontRightArmor, 7);
-    EXPECT_EQ(v.FrontLeftArmor, 8);
-    EXPECT_EQ(v.RearRightArmor, 9);
-    EXPECT_EQ(v.RearLeftArmor, 10);
+    for (auto [loc, field] : places) v.SetArmorLoc(loc, amount++);
+    amount = 1;
+    for (auto [loc, field] : places) EXPECT_EQ(v.*field, amount++) << loc;
     EXPECT_EQ(v.ArmorAllocated, 55);
     // Sponsons and the body take no armor.
     for (int16_t loc : {6, 7, 99, -1}) v.SetArmorLoc(loc, 100);
     EXPECT_EQ(v.ArmorAllocated, 55);
 
+    // The sum overflows: reported, the location keeps its value.
     v.SetArmorLoc(0, 32767);
-    EXPECT_EQ(fake.ui.boxes.size(), 1u);
-    EXPECT_EQ(fake.ui.boxes[0].text,
-              zErrorReportText("Vehicle.SetArmorLoc", kErrOverflow, zErrorDescription(kErrOverflow)));
+    ExpectOneReport("Vehicle.SetArmorLoc", kErrOverflow);
     EXPECT_EQ(v.FrontArmor, 32767);
     EXPECT_EQ(v.ArmorAllocated, 55);
 }
@@ -76,7 +78,7 @@ TEST_F(VehicleTest, ArmorTonnageOverflowKeepsThePoints) {
     EXPECT_EQ(v.ArmorPoints, 64);
 }
 
-TEST_F(VehicleTest, SlotsOfEnginesByBase) {
+TEST_F(VehicleTest, SlotsOfEnginesAndArmor) {
     const int16_t is[] = {0, 0, 2, 1, 4, 3, 5, 1};
     const int16_t clan[] = {0, 0, 1, 1, 2, 3, 5, 1};
     for (int16_t e = 0; e < 8; ++e) {
@@ -87,48 +89,38 @@ TEST_F(VehicleTest, SlotsOfEnginesByBase) {
         c.SetEngineType(e);
         EXPECT_EQ(c.NumItems, clan[e]) << e;
     }
-}
-
-TEST_F(VehicleTest, SlotsOfArmor) {
     // Laser Reflective takes one slot here, though the editor asks for two.
-    const int16_t slots[] = {0, 2, 1, 3, 1, 2, 0};
+    const int16_t armor[] = {0, 2, 1, 3, 1, 2, 0};
     for (int16_t a = 0; a < 7; ++a) {
         Vehicle v = Made(kVhlTracked, 50, 4);
         v.SetArmorType(a);
-        EXPECT_EQ(v.NumItems, slots[a]) << a;
-        EXPECT_EQ(zArmorItemSlots(a), slots[a]);
+        EXPECT_EQ(v.NumItems, armor[a]) << a;
+        EXPECT_EQ(zArmorItemSlots(a), armor[a]);
     }
 }
 
 TEST_F(VehicleTest, SlotsOfOptions) {
     Vehicle v = Made(kVhlTracked, 50, 4);
-    int16_t yes = 1;
     auto slots = [&] {
         v.CalcItemCount();
         return v.NumItems;
     };
     v.SetSupercharger(1);
     EXPECT_EQ(slots(), 1);
-    v.SetSpecialEQ(3, yes);  // bridge layer
-    EXPECT_EQ(v.NumItems, 2);
-    yes = 1;
-    v.SetSpecialEQ(4, yes);  // bulldozer
-    yes = 1;
-    v.SetSpecialEQ(5, yes);  // minesweeper
-    EXPECT_EQ(v.NumItems, 4);
-    yes = 1;
-    v.SetSpecialEQ(8, yes);  // mobile HQ
-    EXPECT_EQ(v.NumItems, 5);
-    yes = 1;
-    v.SetSpecialEQ(6, yes);  // coolant: two
-    EXPECT_EQ(v.NumItems, 7);
-    yes = 1;
-    v.SetSpecialEQ(7, yes);  // MASH: one per theatre
-    EXPECT_EQ(v.NumItems, 8);
+    // Each option recounts on its own.
+    const std::pair<int16_t, int16_t> steps[] = {{3, 2},   // bridge layer
+                                                 {4, 3},   // bulldozer
+                                                 {5, 4},   // minesweeper
+                                                 {8, 5},   // mobile HQ
+                                                 {6, 7},   // coolant: two
+                                                 {7, 8}};  // MASH: one per theatre
+    for (auto [type, count] : steps) {
+        Option(v, type);
+        EXPECT_EQ(v.NumItems, count) << type;
+    }
     v.SetMASHTheatres(3);
     EXPECT_EQ(v.NumItems, 10);
-    yes = 1;
-    v.SetSpecialEQ(12, yes);  // jump jets: one for all
+    Option(v, 12);  // jump jets: one for all
     v.SetJumpJets(4);
     EXPECT_EQ(slots(), 11);
     // Each additional crew member takes a slot; SetCrew itself recounts nothing.
@@ -139,10 +131,7 @@ TEST_F(VehicleTest, SlotsOfOptions) {
     EXPECT_EQ(slots(), 11);
 
     // No slot for these.
-    for (int16_t t : {9, 10, 11}) {
-        yes = 1;
-        v.SetSpecialEQ(t, yes);
-    }
+    for (int16_t t : {9, 10, 11}) Option(v, t);
     v.SetTurret(1);
     v.SetSecTurret(1);
     v.SetSponsonTurrets(1);
@@ -184,100 +173,79 @@ TEST_F(VehicleTest, SlotsOfItemsAmmunitionAndCargo) {
     EXPECT_EQ(v.WeaponItems, 2);
 }
 
-TEST_F(VehicleTest, SpecialEquipmentFlagsAndTonnage) {
-    Vehicle v = Made(kVhlTracked, 50, 4);
-    int16_t s = 1;
-    v.SetSpecialEQ(4, s);
-    EXPECT_EQ(s, kTrue);  // the caller's variable is changed
-    EXPECT_EQ(v.HasBulldozer, kTrue);
-    EXPECT_EQ(v.BulldozerTonnage, 2);
-    s = 1;
-    v.SetSpecialEQ(5, s);
-    EXPECT_EQ(v.MinesweeperTonnage, 3);
-    s = 1;
-    v.SetSpecialEQ(6, s);
-    EXPECT_EQ(v.CoolantSystemTonnage, 9);
-    s = 0;
-    v.SetSpecialEQ(4, s);
-    EXPECT_EQ(v.HasBulldozer, kFalse);
-    EXPECT_EQ(v.BulldozerTonnage, 0);
-    // Any other number is stored as given and weighs nothing.
-    s = 2;
-    v.SetSpecialEQ(5, s);
-    EXPECT_EQ(s, 2);
-    EXPECT_EQ(v.HasMinesweeper, 2);
-    EXPECT_EQ(v.MinesweeperTonnage, 0);
-    // Dune buggy and snowmobile gear weigh nothing.
-    s = 1;
-    v.SetSpecialEQ(10, s);
-    s = 1;
-    v.SetSpecialEQ(11, s);
-    EXPECT_EQ(v.HasDuneBuggyEquip, kTrue);
-    EXPECT_EQ(v.HasSnowmobileEquip, kTrue);
-    EXPECT_EQ(v.DuneBuggyTonnage, 0);
-    EXPECT_EQ(v.SnowmobileTonnage, 0);
+TEST_F(VehicleTest, OptionFlagsAndTonnageOnAndOff) {
+    struct Case {
+        int16_t type;
+        int16_t Vehicle::*flag;
+        double Vehicle::*tons;
+        double on;
+    } cases[] = {
+        {3, &Vehicle::HasBridgeLayer, &Vehicle::BridgeLayerTonnage, 1},
+        {4, &Vehicle::HasBulldozer, &Vehicle::BulldozerTonnage, 2},
+        {5, &Vehicle::HasMinesweeper, &Vehicle::MinesweeperTonnage, 3},
+        {6, &Vehicle::HasCoolantSystem, &Vehicle::CoolantSystemTonnage, 9},
+        {7, &Vehicle::HasMASHUnit, &Vehicle::MASHTonnage, 3.5},  // one theatre, raised from 0
+        {9, &Vehicle::HasAmphibEquip, &Vehicle::AmphibTonnage, static_cast<double>(59.0f / 10.0f)},
+        {10, &Vehicle::HasDuneBuggyEquip, &Vehicle::DuneBuggyTonnage, 0},
+        {11, &Vehicle::HasSnowmobileEquip, &Vehicle::SnowmobileTonnage, 0},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.type);
+        Vehicle v = Made(kVhlTracked, 59, 1);
+        EXPECT_EQ(Option(v, c.type), kTrue) << "the caller's variable is changed";
+        EXPECT_EQ(v.*c.flag, kTrue);
+        EXPECT_EQ(v.*c.tons, c.on);
+        EXPECT_EQ(Option(v, c.type, 0), kFalse);
+        EXPECT_EQ(v.*c.flag, kFalse);
+        EXPECT_EQ(v.*c.tons, 0);
+        // Any other number is stored as given and weighs nothing.
+        EXPECT_EQ(Option(v, c.type, 2), 2);
+        EXPECT_EQ(v.*c.flag, 2);
+        EXPECT_EQ(v.*c.tons, 0);
+    }
+
     // An unknown option changes nothing but still recounts.
+    Vehicle v = Made(kVhlTracked, 50, 4);
     const Vehicle before = v;
     v.NumItems = 99;
-    s = 1;
-    v.SetSpecialEQ(13, s);
+    Option(v, 13);
     EXPECT_EQ(v.NumItems, before.NumItems);
     EXPECT_EQ(v.HasBridgeLayer, before.HasBridgeLayer);
 }
 
-TEST_F(VehicleTest, BridgeLayerMASHAndMobileHQ) {
+TEST_F(VehicleTest, BridgeTypeMASHTheatresAndMobileHQ) {
     Vehicle v = Made(kVhlTracked, 50, 4);
-    int16_t s = 1;
     v.SetBridgeType(2);
     EXPECT_EQ(v.BridgeLayerTonnage, 0);  // not mounted
-    v.SetSpecialEQ(3, s);
+    Option(v, 3);
     EXPECT_EQ(v.BridgeLayerTonnage, 6);
-    v.SetBridgeType(0);
-    EXPECT_EQ(v.BridgeLayerTonnage, 1);
     v.SetBridgeType(1);
     EXPECT_EQ(v.BridgeLayerTonnage, 2);
 
-    s = 1;
-    v.SetSpecialEQ(7, s);
-    EXPECT_EQ(v.MASHTheatres, 1);  // raised from 0
-    EXPECT_EQ(v.MASHTonnage, 3.5);
+    Option(v, 7);
     v.SetMASHTheatres(4);
     EXPECT_EQ(v.MASHTonnage, 6.5);
     v.SetMASHTheatres(-2);
     EXPECT_EQ(v.MASHTheatres, 1);
     EXPECT_EQ(v.MASHTonnage, 3.5);
-    s = 0;
-    v.SetSpecialEQ(7, s);
-    EXPECT_EQ(v.MASHTonnage, 0);
 
     v.SetMobileHQ(3);
     EXPECT_EQ(v.MobileHQTonnage, 3);
     EXPECT_EQ(v.HasMobileHQ, kFalse);  // the flag is the check box's
 }
 
-TEST_F(VehicleTest, AmphibiousAndJumpJets) {
+TEST_F(VehicleTest, JumpJetsWeighByTonnageClass) {
     Vehicle v = Made(kVhlTracked, 59, 1);
-    int16_t s = 1;
-    v.SetSpecialEQ(9, s);
-    EXPECT_EQ(v.AmphibTonnage, static_cast<double>(59.0f / 10.0f));
-    s = 0;
-    v.SetSpecialEQ(9, s);
-    EXPECT_EQ(v.AmphibTonnage, 0);
-
     v.SetJumpJets(4);
     EXPECT_EQ(v.NumJumpJets, 0);  // no jump jets mounted: reset
-    s = 1;
-    v.SetSpecialEQ(12, s);
+    Option(v, 12);
     v.SetJumpJets(3);
-    EXPECT_EQ(v.JumpJetTonnage, 1.5);
-    v.SetTonnage(60);
-    EXPECT_EQ(v.JumpJetTonnage, 3);
-    v.SetTonnage(89);
-    EXPECT_EQ(v.JumpJetTonnage, 3);
-    v.SetTonnage(90);
-    EXPECT_EQ(v.JumpJetTonnage, 6);
-    s = 0;
-    v.SetSpecialEQ(12, s);
+    const std::pair<int16_t, double> classes[] = {{59, 1.5}, {60, 3}, {89, 3}, {90, 6}};
+    for (auto [tons, weight] : classes) {
+        v.SetTonnage(tons);
+        EXPECT_EQ(v.JumpJetTonnage, weight) << tons;
+    }
+    Option(v, 12, 0);
     EXPECT_EQ(v.NumJumpJets, 0);
     EXPECT_EQ(v.JumpJetTonnage, 0);
 }
@@ -306,8 +274,8 @@ TEST_F(VehicleTest, TurretsWeighWhatTheirWeaponsSay) {
     w.UpdateWeaponLocation(3, kLocLeftSponson);
     w.CalcWeaponTonnages();
     EXPECT_EQ(w.TurretWeaponTonnage, 8);
-    EXPECT_EQ(w.TurretTonnage, 1);         // 0.8
-    EXPECT_EQ(w.SecTurretTonnage, 0.5);    // 0.1
+    EXPECT_EQ(w.TurretTonnage, 1);       // 0.8
+    EXPECT_EQ(w.SecTurretTonnage, 0.5);  // 0.1
     EXPECT_EQ(w.SponsonTurretTonnage, 0.5);
     EXPECT_EQ(w.WeaponTonnage, 14.5);
 
@@ -387,8 +355,6 @@ TEST_F(VehicleTest, TargetingComputerWeighsWholeTons) {
     v.SetTargComp(kTrue);  // only 1 means yes
     EXPECT_EQ(v.HasTC, kFalse);
     EXPECT_EQ(v.TCTonnage, 0);
-    v.SetTCLocation(99);
-    EXPECT_EQ(v.TCLocation, 99);
 
     Vehicle c = Made(kVhlTracked, 100, 2, 1, 3);
     c.AddWeapon(kMedLaser);

@@ -35,13 +35,22 @@ public:
     }
 };
 
+// A design with the refreshing window attached.
+struct Bound {
+    Vehicle v;
+    RefreshingWindow win;
+    explicit Bound(bool writeCrewBack = false) {
+        win.vhl = &v;
+        win.writeCrewBack = writeCrewBack;
+        v.frm = &win;
+    }
+};
+
 }  // namespace
 
 TEST_F(VehicleTest, WindowRefreshSeesTheTurretAlreadyTakenOff) {
-    Vehicle v;
-    RefreshingWindow win;
-    win.vhl = &v;
-    v.frm = &win;
+    Bound b;
+    auto& [v, win] = b;
     v.SetTechLevel(2);
     v.SetTonnage(50);
     v.SetCruiseSpeed(4);
@@ -69,10 +78,8 @@ TEST_F(VehicleTest, WindowRefreshSeesTheTurretAlreadyTakenOff) {
 }
 
 TEST_F(VehicleTest, WindowRefreshSeesTheMastMountPlaceCleared) {
-    Vehicle v;
-    RefreshingWindow win;
-    win.vhl = &v;
-    v.frm = &win;
+    Bound b;
+    auto& [v, win] = b;
     v.SetType(kVhlVTOL);
     v.SetTonnage(20);
     v.AddWeapon(kMedLaser);
@@ -91,11 +98,8 @@ TEST_F(VehicleTest, WindowRefreshSeesTheMastMountPlaceCleared) {
 TEST_F(VehicleTest, CrewWrittenBackByTheWindowSettles) {
     // The crew figure goes to a text box whose change sets the crew again:
     // the design must come out of that with its crew and tonnage agreeing.
-    Vehicle v;
-    RefreshingWindow win;
-    win.vhl = &v;
-    win.writeCrewBack = true;
-    v.frm = &win;
+    Bound b(true);
+    auto& [v, win] = b;
     v.SetTechLevel(1);
     v.SetTonnage(45);  // crew 3
     EXPECT_EQ(win.crewCalls, 1);
@@ -105,11 +109,8 @@ TEST_F(VehicleTest, CrewWrittenBackByTheWindowSettles) {
 
     // Level 3: once a design has a crew, a new tonnage leaves the crew aboard
     // and shows nothing.
-    Vehicle w;
-    RefreshingWindow win3;
-    win3.vhl = &w;
-    win3.writeCrewBack = true;
-    w.frm = &win3;
+    Bound b3(true);
+    auto& [w, win3] = b3;
     w.SetTechLevel(3);
     w.SetTonnage(5);
     EXPECT_EQ(win3.crewCalls, 1);
@@ -162,7 +163,6 @@ TEST_F(VehicleTest, RatingProductOverflowsBeforeTheSuspension) {
     ExpectOneReport("Vehicle.CalcEngineRating", kErrOverflow);
     EXPECT_EQ(v.EngineRating, 15);
     // The largest product that fits.
-    fake.ui.boxes.clear();
     v.SetTonnage(1);  // suspension 40
     v.SetCruiseSpeed(32767);
     fake.ui.boxes.clear();

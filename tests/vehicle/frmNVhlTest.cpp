@@ -2,6 +2,7 @@
 // picks from the preferences, and the super heavy tank refusals.
 #include <gtest/gtest.h>
 
+#include "EditorTestSupport.h"
 #include "core/Settings.h"
 #include "support/AppFolder.h"
 #include "support/FakeUi.h"
@@ -24,30 +25,24 @@ protected:
         gDefVhlBase = savedBase;
         gDefVhlLevel = savedLevel;
     }
-    void Load(int16_t type, int16_t base, int16_t level) {
+    void Load(frmNVhl& d, int16_t type, int16_t base, int16_t level) {
         gDefVhlType = type;
         gDefVhlBase = base;
         gDefVhlLevel = level;
-        dlg.Form_Load();
-        dlg.Visible = true;
-    }
-    static std::vector<std::string> Lines(const ComboBox& c) {
-        std::vector<std::string> v;
-        for (int32_t i = 0; i < c.ListCount(); ++i) v.push_back(c.List(i));
-        return v;
+        d.Form_Load();
+        d.Visible = true;
     }
 };
 
 }  // namespace
 
 TEST_F(NewVehicleDialog, ListsInTheirOrderAndLevelsFollowTheBase) {
-    Load(0, 0, 1);
+    Load(dlg, 0, 0, 1);
     EXPECT_EQ(Lines(dlg.cmboBase), (std::vector<std::string>{"Inner Sphere", "Clan"}));
     EXPECT_EQ(Lines(dlg.cmboType),
               (std::vector<std::string>{"Tracked", "Wheeled", "Hover", "V.T.O.L.", "Hydrofoil", "Naval Ship",
                                         "Submarine", "Super Heavy Tank"}));
     EXPECT_EQ(Lines(dlg.cmboLevel), (std::vector<std::string>{"1", "2", "3"}));
-    EXPECT_EQ(dlg.TechLevel(), 1);
 
     dlg.cmboLevel.SetListIndex(2);
     dlg.cmboBase.SetListIndex(1);
@@ -59,43 +54,46 @@ TEST_F(NewVehicleDialog, ListsInTheirOrderAndLevelsFollowTheBase) {
 }
 
 TEST_F(NewVehicleDialog, DefaultsFromThePreferences) {
-    Load(4, 0, 3);
-    EXPECT_EQ(dlg.TechBase(), 0);
-    EXPECT_EQ(dlg.VhlType(), 4);
-    EXPECT_EQ(dlg.cmboLevel.Text(), "3");
-    EXPECT_EQ(dlg.TechLevel(), 3);
-}
-
-TEST_F(NewVehicleDialog, ClanDefaultLevelOneLeavesLevelTwo) {
-    Load(0, 1, 1);
-    EXPECT_EQ(dlg.cmboBase.Text(), "Clan");
-    EXPECT_EQ(dlg.cmboLevel.Text(), "2");
+    struct Case {
+        int16_t type, base, level;
+        const char* baseText;
+        int16_t level0;  // the level the dialog settles on
+    } cases[] = {
+        {4, 0, 3, "Inner Sphere", 3},
+        {0, 1, 1, "Clan", 2},          // Clan has no level 1
+        {0, 0, 7, "Inner Sphere", 1},  // no such level: the first stays, silently
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.level);
+        frmNVhl d;
+        Load(d, c.type, c.base, c.level);
+        EXPECT_EQ(d.cmboBase.Text(), c.baseText);
+        EXPECT_EQ(d.VhlType(), c.type);
+        EXPECT_EQ(d.TechLevel(), c.level0);
+        EXPECT_EQ(d.cmboLevel.Text(), std::to_string(c.level0));
+    }
     EXPECT_TRUE(fake.ui.boxes.empty());
-}
 
-TEST_F(NewVehicleDialog, DefaultsOutOfRangeAreReportedAndFirstEntriesStay) {
-    Load(0, 0, 7);  // no such level: the first stays, silently
-    EXPECT_EQ(dlg.cmboLevel.Text(), "1");
-    EXPECT_TRUE(fake.ui.boxes.empty());
-
-    frmNVhl other;
-    gDefVhlBase = 5;
-    other.Form_Load();
+    // A base out of range is reported, and the first entries stay.
+    Load(dlg, 3, 5, 3);
     ASSERT_EQ(fake.ui.boxes.size(), 1u);
     EXPECT_EQ(fake.ui.boxes[0].title, "Error");
     EXPECT_NE(fake.ui.boxes[0].text.find("zLoadDefaults"), std::string::npos);
-    EXPECT_EQ(other.cmboBase.Text(), "Inner Sphere");
-    EXPECT_EQ(other.cmboType.Text(), "Tracked");
-    EXPECT_EQ(other.cmboLevel.Text(), "1");
+    EXPECT_EQ(dlg.cmboBase.Text(), "Inner Sphere");
+    EXPECT_EQ(dlg.cmboType.Text(), "Tracked");
+    EXPECT_EQ(dlg.cmboLevel.Text(), "1");
 }
 
 TEST_F(NewVehicleDialog, CancelAndCreate) {
-    Load(0, 0, 1);
+    Load(dlg, 0, 0, 1);
     dlg.PButCancel.DoClick();
     EXPECT_EQ(dlg.wCancel, -1);
     EXPECT_FALSE(dlg.Visible);
 
+    // Clan level 2 is fine for every type but the super heavy tank.
     dlg.Visible = true;
+    dlg.cmboBase.SetListIndex(1);
+    dlg.cmboType.SetListIndex(3);
     dlg.PButCreate.DoClick();
     EXPECT_EQ(dlg.wCancel, 0);
     EXPECT_FALSE(dlg.Visible);
@@ -103,39 +101,35 @@ TEST_F(NewVehicleDialog, CancelAndCreate) {
 }
 
 TEST_F(NewVehicleDialog, SuperHeavyTankOnlyInnerSphereLevelThree) {
-    Load(7, 0, 2);
-    dlg.PButCreate.DoClick();
-    ASSERT_EQ(fake.ui.boxes.size(), 1u);
-    EXPECT_EQ(fake.ui.boxes[0].text, "You must set the tech level to 3 if you want to create a Super Heavy Tank.");
-    EXPECT_EQ(fake.ui.boxes[0].title, "Unable to create vehicle");
-    EXPECT_EQ(fake.ui.boxes[0].icon, MsgIcon::Information);
-    EXPECT_TRUE(dlg.Visible);
-    EXPECT_EQ(dlg.wCancel, -1);
-    EXPECT_EQ(dlg.cmboLevel.Text(), "2") << "the choices stay as they are";
-    EXPECT_EQ(dlg.VhlType(), 7);
-
-    dlg.cmboBase.SetListIndex(1);
-    dlg.cmboLevel.SetListIndex(1);
-    dlg.PButCreate.DoClick();
-    ASSERT_EQ(fake.ui.boxes.size(), 2u);
-    EXPECT_EQ(fake.ui.boxes[1].text,
-              "Clan Super Heavy Tanks are not allowed. This tank must be an Inner Sphere vehicle.");
-    EXPECT_EQ(fake.ui.boxes[1].title, "Unable to create vehicle");
-    EXPECT_EQ(fake.ui.boxes[1].icon, MsgIcon::Information);
-    EXPECT_TRUE(dlg.Visible);
-    EXPECT_EQ(dlg.cmboBase.Text(), "Clan");
-
+    Load(dlg, 7, 0, 2);
+    struct Case {
+        int16_t base, levelIdx;
+        const char* text;
+    } refused[] = {
+        {0, 1, "You must set the tech level to 3 if you want to create a Super Heavy Tank."},
+        {1, 1, "Clan Super Heavy Tanks are not allowed. This tank must be an Inner Sphere vehicle."},
+    };
+    for (const Case& c : refused) {
+        SCOPED_TRACE(c.text);
+        fake.ui.boxes.clear();
+        dlg.cmboBase.SetListIndex(c.base);
+        dlg.cmboLevel.SetListIndex(c.levelIdx);
+        const std::string level = dlg.cmboLevel.Text();
+        dlg.PButCreate.DoClick();
+        ASSERT_EQ(fake.ui.boxes.size(), 1u);
+        EXPECT_EQ(LastShown(fake.ui), (Shown{"Unable to create vehicle", c.text, MsgIcon::Information}));
+        // The dialog stays with the choices as they were.
+        EXPECT_TRUE(dlg.Visible);
+        EXPECT_EQ(dlg.wCancel, -1);
+        EXPECT_EQ(dlg.TechBase(), c.base);
+        EXPECT_EQ(dlg.cmboLevel.Text(), level);
+        EXPECT_EQ(dlg.VhlType(), 7);
+    }
+    fake.ui.boxes.clear();
     dlg.cmboBase.SetListIndex(0);
     dlg.cmboLevel.SetListIndex(2);
     dlg.PButCreate.DoClick();
-    EXPECT_EQ(fake.ui.boxes.size(), 2u);
-    EXPECT_EQ(dlg.wCancel, 0);
-    EXPECT_FALSE(dlg.Visible);
-}
-
-TEST_F(NewVehicleDialog, ClanLevelTwoOfOtherTypesIsAccepted) {
-    Load(3, 1, 2);
-    dlg.PButCreate.DoClick();
     EXPECT_TRUE(fake.ui.boxes.empty());
     EXPECT_EQ(dlg.wCancel, 0);
+    EXPECT_FALSE(dlg.Visible);
 }

