@@ -72,22 +72,6 @@ TEST_F(DatabaseFile, VehicleWithoutItemsMatchesTheLayoutAndReadsBack) {
     EXPECT_TRUE(fake.ui.boxes.empty());
 }
 
-TEST_F(DatabaseFile, CornerArmorIsStoredLeftBeforeRight) {
-    Vehicle v;
-    v.FrontRightArmor = 8;
-    v.FrontLeftArmor = 9;
-    v.RearRightArmor = 10;
-    v.RearLeftArmor = 11;
-    const std::string got = Written(v);
-    // Name, then 26 fields before the corners: 21 int16 and 5 doubles.
-    BinaryReader r(got);
-    r.Seek(50 + 21 * 2 + 5 * 8);
-    EXPECT_EQ(r.I16(), 9);
-    EXPECT_EQ(r.I16(), 8);
-    EXPECT_EQ(r.I16(), 11);
-    EXPECT_EQ(r.I16(), 10);
-}
-
 TEST_F(DatabaseFile, ItemCountFollowsItemZero) {
     Vehicle v = DistinctVehicle();
     v.Items = {{3, 1, 0, -1}, {3, 2, 99, -1}, {7, 1, -1, -1}};
@@ -308,16 +292,6 @@ TEST_F(DatabaseFile, FighterErrorsAreReportedUnderTheVehicleName) {
     EXPECT_FALSE(back.LoadData(r));
     ASSERT_EQ(fake.ui.boxes.size(), 1u);
     EXPECT_EQ(fake.ui.boxes[0].text, zErrorReportText("Vehicle.LoadData", 62, "Input past end of file"));
-}
-
-TEST_F(DatabaseFile, AListTooLongToCountFailsTheSave) {
-    Vehicle v;
-    v.Name = "Centipede";
-    v.Items.assign(40000, VehicleItem{1, 1, 0, -1});
-    BinaryWriter w;
-    EXPECT_FALSE(v.SaveData(w));
-    ASSERT_EQ(fake.ui.boxes.size(), 1u);
-    EXPECT_NE(fake.ui.boxes[0].text.find("Error Number: 6"), std::string::npos);
 }
 
 std::string SampleDatabase() {

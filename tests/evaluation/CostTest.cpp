@@ -18,19 +18,7 @@ Lines LinesOf(const ListView& lv) {
 class PartsCostTest : public EvalTest {};
 
 TEST_F(PartsCostTest, HoverWithTurretLiftAndCrew) {
-    Vehicle v = Design(kVhlHover, 50);
-    v.EngineType = kEngFusion;
-    v.EngineRating = 250;
-    v.ControlTonnage = 2.5;  // rounds half to even: 2
-    v.ISTonnage = 5;
-    v.HeatSinks = 12;
-    v.ArmorTonnage = 6.5;
-    v.ArmorType = kArmFerroFibrous;
-    v.HasTurret = kTrue;
-    v.TurretTonnage = 1.5;
-    v.LiftEqTonnage = 5;
-    v.BaseCrew = 4;
-    v.NumCrew = 5;
+    Vehicle v = Hover();  // 2.5 t of controls round half to even: 2
     frmCost f;
     zGenPartsCost(v, f);
     EXPECT_EQ(LinesOf(f.lvParts), (Lines{{"250 power rated Fusion power plant", "833333"},
@@ -259,7 +247,7 @@ TEST_F(PartsCostTest, UnknownTypeAndOverflowAreReported) {
 class WeapCostTest : public EvalTest {};
 
 TEST_F(WeapCostTest, GroupsByRowInFirstSeenOrderAndTotals) {
-    Vehicle v = Design(kVhlHover, 50);
+    Vehicle v = Hover();
     Mount(v, {kMedLaser, kLRMAmmo, kLRM5, kMedLaser, kLRMAmmo});
     VehicleItem spare;  // a free element costs nothing
     spare.wType = kBigGun;

@@ -1,4 +1,5 @@
 // The damage profile, its runs and bars, and the two per-ton figures.
+#include <tuple>
 #include <utility>
 
 #include "evaluation/EvalTestSupport.h"
@@ -11,51 +12,57 @@ using Runs = std::vector<std::pair<int32_t, int32_t>>;
 
 class DamageReportTest : public EvalTest {};
 
-TEST_F(DamageReportTest, NoItemsNoChart) {
-    Vehicle v = Design(kVhlTracked, 20);
-    frmCost f;
-    zGenDamageReport(v, f);
-    EXPECT_TRUE(f.wDamage.empty());
-    EXPECT_TRUE(f.wRuns.empty());
-    EXPECT_TRUE(f.shpDamage.empty());
-    EXPECT_EQ(f.lDamVhl.Caption(), "0 points / ton");
-    EXPECT_EQ(f.lDamWeap.Caption(), "0 points / ton");
-    EXPECT_TRUE(fake.ui.boxes.empty());
-}
+// One bar of the chart: left, width, height, colour, shown.
+using Bar = std::tuple<int32_t, int32_t, int32_t, int32_t, bool>;
 
-TEST_F(DamageReportTest, OneWeaponOneRunToLongRange) {
-    Vehicle v = Design(kVhlTracked, 20);
-    Mount(v, {kMedLaser});
-    frmCost f;
-    zGenDamageReport(v, f);
-    EXPECT_EQ(f.wDamage, std::vector<int32_t>(9, 5));
-    EXPECT_EQ(f.wRuns, (Runs{{5, 9}}));
-    ASSERT_EQ(f.shpDamage.size(), 1u);
-    const DamageShape& s = f.shpDamage[0];
-    EXPECT_EQ(s.Left, 720);
-    EXPECT_EQ(s.Width, 9 * 120);
-    EXPECT_EQ(s.Height, 5 * 18);
-    EXPECT_EQ(s.Color, 0x000000);
-    EXPECT_TRUE(s.Visible);
-    EXPECT_EQ(f.lDamVhl.Caption(), "0.3 points / ton");  // 0.25 rounds up to the tenth
-    EXPECT_EQ(f.lDamWeap.Caption(), "5 points / ton");
-}
-
-TEST_F(DamageReportTest, TwoRangesMakeTwoRunsSideBySide) {
-    Vehicle v = Design(kVhlTracked, 20);
-    Mount(v, {kShortLaser, kMedLaser});
-    frmCost f;
-    zGenDamageReport(v, f);
-    EXPECT_EQ(f.wRuns, (Runs{{10, 3}, {5, 6}}));
-    ASSERT_EQ(f.shpDamage.size(), 2u);
-    EXPECT_EQ(f.shpDamage[0].Left, 720);
-    EXPECT_EQ(f.shpDamage[0].Width, 360);
-    EXPECT_EQ(f.shpDamage[0].Height, 180);
-    EXPECT_EQ(f.shpDamage[1].Left, 1080);
-    EXPECT_EQ(f.shpDamage[1].Width, 720);
-    EXPECT_EQ(f.shpDamage[1].Height, 90);
-    EXPECT_EQ(f.lDamVhl.Caption(), "0.5 points / ton");
-    EXPECT_EQ(f.lDamWeap.Caption(), "5 points / ton");
+TEST_F(DamageReportTest, ProfileRunsBarsAndFiguresByDesign) {
+    struct Case {
+        const char* what;
+        int16_t tons;
+        std::vector<int16_t> mounts;
+        Runs runs;
+        std::vector<Bar> bars;
+        const char* perVehicle;
+        const char* perWeaponTon;
+    };
+    const Case cases[] = {
+        {"no items, no chart", 20, {}, {}, {}, "0", "0"},
+        // 0.25 rounds up to the tenth.
+        {"one weapon, one run to long range", 20, {kMedLaser}, {{5, 9}}, {{720, 9 * 120, 5 * 18, 0, true}}, "0.3", "5"},
+        {"two ranges, two runs side by side", 20, {kShortLaser, kMedLaser}, {{10, 3}, {5, 6}},
+         {{720, 360, 180, 0, true}, {1080, 720, 90, 0, true}}, "0.5", "5"},
+        {"map weapons reach every hex of the chart", 60, {kLongTom}, {{20, 43}},
+         {{720, 43 * 120, 360, 0xFFFF00, true}}, "0.4", "0.7"},
+        // LRM 5 deals its unit value 5 to 21 hexes; a row without short and
+        // medium bands starts at the first hex; damage 0 deals nothing
+        // whatever its unit value; ammunition and equipment deal nothing and
+        // weigh nothing in the weapons' tons: 9 / 20 = 0.45, 9 / (2 + 1 + 1).
+        {"unit values, missing bands, items that deal nothing", 20, {kLRM5, kNoShort, kZeroSplit, kLRMAmmo, kLight},
+         {{9, 4}, {5, 17}}, {{720, 480, 162, 0, true}, {1200, 17 * 120, 90, 0, true}}, "0.5", "2.3"},
+        // A run of no damage takes its place but draws nothing.
+        {"run of no damage", 20, {kMedLaser, kDudMap}, {{5, 9}, {0, 34}},
+         {{720, 1080, 90, 0, true}, {720 + 9 * 120, 34 * 120, 0, 0, false}}, "0.3", "0.5"},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.what);
+        Vehicle v = Design(kVhlTracked, c.tons);
+        Mount(v, c.mounts);
+        VehicleItem spare;  // a free element is not mounted
+        spare.wType = kBigGun;
+        v.Items.push_back(spare);
+        frmCost f;
+        zGenDamageReport(v, f);
+        std::vector<int32_t> damage;
+        for (const auto& [value, hexes] : c.runs) damage.insert(damage.end(), hexes, value);
+        EXPECT_EQ(f.wDamage, damage);
+        EXPECT_EQ(f.wRuns, c.runs);
+        std::vector<Bar> bars;
+        for (const DamageShape& s : f.shpDamage) bars.emplace_back(s.Left, s.Width, s.Height, s.Color, s.Visible);
+        EXPECT_EQ(bars, c.bars);
+        EXPECT_EQ(f.lDamVhl.Caption(), std::string(c.perVehicle) + " points / ton");
+        EXPECT_EQ(f.lDamWeap.Caption(), std::string(c.perWeaponTon) + " points / ton");
+        EXPECT_TRUE(fake.ui.boxes.empty());
+    }
 }
 
 TEST_F(DamageReportTest, CapAtOneHundredButFiguresCountAll) {
@@ -85,51 +92,6 @@ TEST_F(DamageReportTest, CapAtOneHundredButFiguresCountAll) {
     zGenDamageReport(x, f);
     EXPECT_EQ(f.wDamage, (std::vector<int32_t>{220, 100}));
     EXPECT_EQ(f.wRuns, (Runs{{100, 2}}));
-}
-
-TEST_F(DamageReportTest, MapWeaponsReachEveryHexOfTheChart) {
-    Vehicle v = Design(kVhlTracked, 60);
-    Mount(v, {kLongTom});
-    frmCost f;
-    zGenDamageReport(v, f);
-    EXPECT_EQ(f.wDamage, std::vector<int32_t>(43, 20));
-    EXPECT_EQ(f.wRuns, (Runs{{20, 43}}));
-    EXPECT_EQ(f.shpDamage[0].Width, 43 * 120);
-    EXPECT_EQ(f.shpDamage[0].Color, 0xFFFF00);
-    EXPECT_EQ(f.lDamVhl.Caption(), "0.4 points / ton");
-    EXPECT_EQ(f.lDamWeap.Caption(), "0.7 points / ton");
-}
-
-TEST_F(DamageReportTest, UnitValuesMissingBandsAndItemsThatDealNothing) {
-    Vehicle v = Design(kVhlTracked, 20);
-    // LRM 5 deals its unit value 5 to 21 hexes; a row without short and
-    // medium bands starts at the first hex; damage 0 deals nothing whatever
-    // its unit value; ammunition and equipment deal nothing and weigh
-    // nothing in the weapons' tons.
-    Mount(v, {kLRM5, kNoShort, kZeroSplit, kLRMAmmo, kLight});
-    VehicleItem spare;  // a free element is not mounted
-    spare.wType = kBigGun;
-    v.Items.push_back(spare);
-    frmCost f;
-    zGenDamageReport(v, f);
-    std::vector<int32_t> expected(21, 5);
-    for (int i = 0; i < 4; ++i) expected[i] += 4;
-    EXPECT_EQ(f.wDamage, expected);
-    EXPECT_EQ(f.wRuns, (Runs{{9, 4}, {5, 17}}));
-    EXPECT_EQ(f.lDamVhl.Caption(), "0.5 points / ton");   // 9 / 20 = 0.45
-    EXPECT_EQ(f.lDamWeap.Caption(), "2.3 points / ton");  // 9 / (2 + 1 + 1)
-}
-
-TEST_F(DamageReportTest, RunOfNoDamageTakesItsPlaceButDrawsNothing) {
-    Vehicle v = Design(kVhlTracked, 20);
-    Mount(v, {kMedLaser, kDudMap});
-    frmCost f;
-    zGenDamageReport(v, f);
-    EXPECT_EQ(f.wRuns, (Runs{{5, 9}, {0, 34}}));
-    ASSERT_EQ(f.shpDamage.size(), 2u);
-    EXPECT_FALSE(f.shpDamage[1].Visible);
-    EXPECT_EQ(f.shpDamage[1].Height, 0);
-    EXPECT_EQ(f.shpDamage[1].Left, 720 + 9 * 120);
 }
 
 TEST_F(DamageReportTest, ColoursByValue) {

@@ -93,7 +93,7 @@ protected:
         v.Tonnage = tons;
         return v;
     }
-    static void Mount(Vehicle& v, std::initializer_list<int16_t> rows) {
+    static void Mount(Vehicle& v, const std::vector<int16_t>& rows) {
         for (int16_t r : rows) {
             VehicleItem it;
             it.wType = r;
@@ -106,6 +106,26 @@ protected:
             else
                 v.Items.push_back(it);
         }
+    }
+
+    // A 50-ton Fusion hovercraft with a turret and an extra crewman, its
+    // fields set as the editor leaves them.
+    static Vehicle Hover() {
+        Vehicle v = Design(kVhlHover, 50);
+        v.EngineType = kEngFusion;
+        v.EngineRating = 250;
+        v.ControlTonnage = 2.5;
+        v.ISTonnage = 5;
+        v.HeatSinks = 12;
+        v.ArmorTonnage = 6.5;
+        v.ArmorType = kArmFerroFibrous;
+        v.ArmorPoints = 104;
+        v.HasTurret = kTrue;
+        v.TurretTonnage = 1.5;
+        v.LiftEqTonnage = 5;
+        v.BaseCrew = 4;
+        v.NumCrew = 5;
+        return v;
     }
 
     void ExpectOneReport(const std::string& procName, int32_t number) {

@@ -222,7 +222,7 @@ TEST_F(StatsReportTest, WordsByVehicleTypeAndArmor) {
         v.NumItems = 2;
         const std::string text = zVehicleStatsText(v);
         EXPECT_EQ(text.find(" armor\r\n") != std::string::npos, a >= 1 && a <= 5) << a;
-        if (a >= 1 && a <= 5) EXPECT_NE(text.find(std::string("\t   - ") + armor[a] + "\r\n"), std::string::npos);
+        if (a >= 1 && a <= 5) { EXPECT_NE(text.find(std::string("\t   - ") + armor[a] + "\r\n"), std::string::npos); }
     }
 }
 
@@ -262,20 +262,7 @@ TEST_F(StatsReportTest, WindowWithoutDesignIsReported) {
 }
 
 TEST_F(StatsReportTest, CostWindowFilledForAVehicleAndRefilled) {
-    Vehicle v = Design(kVhlHover, 50);
-    v.EngineType = kEngFusion;
-    v.EngineRating = 250;
-    v.ControlTonnage = 2.5;
-    v.ISTonnage = 5;
-    v.HeatSinks = 12;
-    v.ArmorTonnage = 6.5;
-    v.ArmorType = kArmFerroFibrous;
-    v.ArmorPoints = 104;
-    v.HasTurret = kTrue;
-    v.TurretTonnage = 1.5;
-    v.LiftEqTonnage = 5;
-    v.BaseCrew = 4;
-    v.NumCrew = 5;
+    Vehicle v = Hover();
     Mount(v, {kMedLaser, kLRMAmmo, kLRM5, kMedLaser, kLRMAmmo});
     frmCost f;
     EXPECT_EQ(f.Caption.Caption(), "Battle Stats and Cost");

@@ -28,19 +28,27 @@ struct Source {
 
 const std::string kHead = "diagram 0\nart x\nsize 100 100\ncentre 50\n";
 
-TEST(DiagramLayout, RowsFillFromTheCentreLineOutwardLeftFirst) {
+TEST(DiagramLayout, FillOrderByDirectionGridAndAxis) {
+    using Dots = std::vector<std::pair<int, int>>;
+    const std::pair<std::string, Dots> cases[] = {
+        // Rows from the centre line outward, left first: grid x = 50 +- 4 +- 8k;
+        // the first row 5 below the top edge.
+        {kHead + "armor 0 7 down rect 25,20 50,20\n",
+         {{46, 25}, {54, 25}, {38, 25}, {62, 25}, {30, 25}, {70, 25}, {46, 33}}},
+        // Upward from the bottom edge; a whole grid centres on the line.
+        {kHead + "armor 0 4 up rect 25,20 50,20 grid=whole\n", {{50, 35}, {42, 35}, {58, 35}, {34, 35}}},
+        // Crosswise: from the right edge inward, each column from the centre line y = 30.
+        {"diagram 4\nart x\nsize 100 60\ncentre 30\naxis horizontal\narmor 0 5 left rect 20,10 60,40\n",
+         {{75, 26}, {75, 34}, {75, 18}, {75, 42}, {67, 26}}},
+    };
+    for (const auto& [text, dots] : cases) {
+        Source s;
+        ASSERT_TRUE(s.Read(text)) << s.error;
+        EXPECT_EQ(Pairs(s.src.Dots(0, false)), dots) << text;
+    }
     Source s;
-    ASSERT_TRUE(s.Read(kHead + "armor 0 7 down rect 25,20 50,20\n")) << s.error;
-    // Grid x = 50 +- 4 +- 8k; first row 5 below the top edge.
-    EXPECT_EQ(Pairs(s.src.Dots(0, false)),
-              (std::vector<std::pair<int, int>>{{46, 25}, {54, 25}, {38, 25}, {62, 25}, {30, 25}, {70, 25}, {46, 33}}));
+    ASSERT_TRUE(s.Read(cases[0].first));
     EXPECT_EQ(s.src.regions[0].room, 12);
-}
-
-TEST(DiagramLayout, UpwardFillStartsAtTheBottomEdgeAndWholeGridCentresOnTheLine) {
-    Source s;
-    ASSERT_TRUE(s.Read(kHead + "armor 0 4 up rect 25,20 50,20 grid=whole\n")) << s.error;
-    EXPECT_EQ(Pairs(s.src.Dots(0, false)), (std::vector<std::pair<int, int>>{{50, 35}, {42, 35}, {58, 35}, {34, 35}}));
 }
 
 TEST(DiagramLayout, MirroredLocationIsTheMirrorImage) {
@@ -64,16 +72,6 @@ TEST(DiagramLayout, StructureBoxesAreHolesInTheArmorAroundThem) {
     // Box spans 37..63 x 45..55; no armor dot within 5 of it.
     for (const auto& d : s.src.Dots(0, false))
         EXPECT_FALSE(d.x > 32 && d.x < 68 && d.y > 40 && d.y < 60) << d.x << "," << d.y;
-}
-
-TEST(DiagramLayout, CrosswiseAxisFillsColumnByColumn) {
-    Source s;
-    ASSERT_TRUE(s.Read("diagram 4\nart x\nsize 100 60\ncentre 30\naxis horizontal\n"
-                       "armor 0 5 left rect 20,10 60,40\n"))
-        << s.error;
-    // From the right edge inward; in each column from the centre line y = 30.
-    EXPECT_EQ(Pairs(s.src.Dots(0, false)),
-              (std::vector<std::pair<int, int>>{{75, 26}, {75, 34}, {75, 18}, {75, 42}, {67, 26}}));
 }
 
 TEST(DiagramLayout, DotsStayClearOfSlantedEdges) {
@@ -104,6 +102,9 @@ TEST(DiagramSourceErrors, EachNamesFileLineAndFault) {
         {"diagram 0\nart x\nsize 100 100\ndraw line rect 0,0 10,10 mirror\n", ":4: mirror before the centre line is given"},
         {"diagram 0\nart x\nsize 100 100\ncentre 50\naxis diagonal\n", ":5: axis vertical or horizontal expected"},
         {"diagram 0\nart x\nsize 99999 10\n", ":3: size out of range"},
+        {"diagram 0\nart x\n", ": no size given"},
+        {"diagram 0\nsize 10 10\n", ": neither art nor editor picture named"},
+        {kHead + "armor 3 13 down rect 25,20 50,20\n", ": armor of location 3: only 12 of 13 dots fit its outline"},
     };
     for (const auto& c : cases) {
         Source s;
@@ -112,15 +113,8 @@ TEST(DiagramSourceErrors, EachNamesFileLineAndFault) {
     }
 }
 
-TEST(DiagramSourceErrors, WholeFileFaults) {
+TEST(DiagramSourceErrors, SelfIncludeAndMissingFile) {
     Source s;
-    EXPECT_FALSE(s.Read("diagram 0\nart x\n"));
-    EXPECT_EQ(s.error, s.dir.File("d.txt") + ": no size given");
-    EXPECT_FALSE(s.Read("diagram 0\nsize 10 10\n"));
-    EXPECT_EQ(s.error, s.dir.File("d.txt") + ": neither art nor editor picture named");
-    // More dots than the outline has room for.
-    EXPECT_FALSE(s.Read(kHead + "armor 3 13 down rect 25,20 50,20\n"));
-    EXPECT_EQ(s.error, s.dir.File("d.txt") + ": armor of location 3: only 12 of 13 dots fit its outline");
     // A file that includes itself stops instead of recursing for ever.
     EXPECT_FALSE(s.Read(kHead + "include d.txt\n"));
     EXPECT_NE(s.error.find("includes nested too deep"), std::string::npos) << s.error;

@@ -21,43 +21,9 @@ using namespace bw;
 
 namespace {
 
-WeaponRec Laser() {
-    WeaponRec w;
-    w.Name = "Medium Laser";
-    w.Type = 0;
-    w.Level = 1;
-    w.Base = 0;
-    w.Tonnage = 1;
-    w.Heat = 3;
-    w.Damage = 5;
-    w.MinRange = -1;
-    w.ShortRange = 3;
-    w.MedRange = 6;
-    w.LongRange = 9;
-    w.RangeUnit = "Hex";
-    w.Reserved15 = 7;
-    w.Cost = 40000;
-    w.CombatValue = 46;
-    w.Shots = -1;
-    w.DamageUnit = "";
-    w.HasDamageUnit = -1;
-    w.UseClass = 0;
-    w.TCFlag = 1;
-    return w;
-}
-
-WeaponRec Lrm() {
-    WeaponRec w = Laser();
-    w.Name = "LRM 10";
-    w.Type = 2;
-    w.Tonnage = 0.25;
-    w.Damage = 1;
-    w.HasDamageUnit = 0;
-    w.DamageUnit = "Msl";
-    w.Cost = -1;
-    w.TCFlag = 0;
-    return w;
-}
+// Two rows as the text source and the file give them.
+const WeaponRec kLaser{"Medium Laser", 0, 1, 0, 1, 3, 5, -1, 3, 6, 9, "Hex", 7, 40000, 46, -1, "", -1, 0, 1};
+const WeaponRec kLrm{"LRM 10", 2, 1, 0, 0.25, 3, 1, -1, 3, 6, 9, "Hex", 7, -1, 46, -1, "Msl", 0, 0, 0};
 
 // Header of a reference file with any string, version and highest index.
 std::string Header(const std::string& cert, int16_t version, int16_t n) {
@@ -73,7 +39,11 @@ std::string Closing(const std::string& what) {
            " database.";
 }
 
-struct LoaderFixture : ::testing::Test {
+// The weapon messages run the address into the words around it.
+const std::string kWeaponClosing =
+    std::string("Please goto the Tallowmere Workshop website at") + kSupportWeb + "to get a new weapon database.";
+
+struct Loaders : ::testing::Test {
     test::ScopedFakeUi fake;
     test::AppFolder app;
     void SetUp() override {
@@ -93,6 +63,7 @@ struct LoaderFixture : ::testing::Test {
         EXPECT_EQ(fake.ui.boxes[0].icon, MsgIcon::Critical);
         EXPECT_EQ(fake.ui.boxes[0].title, title);
         EXPECT_EQ(fake.ui.boxes[0].text, text);
+        fake.ui.boxes.clear();
     }
     // The only box is the error reporter's, under procName with this number.
     void ExpectReported(const std::string& procName, int number) {
@@ -102,20 +73,14 @@ struct LoaderFixture : ::testing::Test {
                                              std::to_string(number) + "\n"),
                   std::string::npos)
             << fake.ui.boxes[0].text;
+        fake.ui.boxes.clear();
     }
 };
-
-using WeaponLoader = LoaderFixture;
-using DiagramLoader = LoaderFixture;
-
-const std::string kWeaponClosing =
-    std::string("Please goto the Tallowmere Workshop website at") + kSupportWeb + "to get a new weapon database.";
 
 }  // namespace
 
 TEST(WeaponFile, BytesOfOneRow) {
-    WeaponRec w = Lrm();
-    const std::string b = zWeaponsFileBytes({w});
+    const std::string b = zWeaponsFileBytes({kLrm});
     BinaryWriter e;
     e.FixedPadded("Brasswick Works 3 Weapon Database", 45);
     e.I16(2);
@@ -138,9 +103,9 @@ TEST(WeaponFile, BytesOfOneRow) {
     EXPECT_EQ(b.substr(0, 45), "Brasswick Works 3 Weapon Database            ");
 }
 
-TEST_F(WeaponLoader, GoodFileLoadsEveryFieldAndAdvancesTheSplash) {
-    const std::vector<WeaponRec> rows = {Laser(), Lrm(), Laser()};
-    Put("weapons.bin", zWeaponsFileBytes(rows), &gLenWeapons);
+TEST_F(Loaders, WeaponsLoadEveryFieldWhateverTheFileNameCaseAndAdvanceTheSplash) {
+    const std::vector<WeaponRec> rows = {kLaser, kLrm, kLaser};
+    Put("WEAPONS.BIN", zWeaponsFileBytes(rows), &gLenWeapons);
     ASSERT_TRUE(zLoadWeapons());
     EXPECT_TRUE(fake.ui.boxes.empty());
     EXPECT_EQ(gWeapons, rows);
@@ -153,29 +118,19 @@ TEST_F(WeaponLoader, GoodFileLoadsEveryFieldAndAdvancesTheSplash) {
     EXPECT_GE(fake.ui.doEvents, 3);
 }
 
-TEST_F(WeaponLoader, FileNameCaseIsIgnored) {
-    Put("WEAPONS.BIN", zWeaponsFileBytes({Laser()}));
-    ASSERT_TRUE(zLoadWeapons());
-    ASSERT_EQ(gWeapons.size(), 1u);
-}
-
-TEST_F(WeaponLoader, MissingFileIsLoggedAndShown) {
+TEST_F(Loaders, WeaponRefusalsAreShownAndTheMissingFileLogged) {
     EXPECT_FALSE(zLoadWeapons());
-    const std::string text = "Unable to find the weapons database file. " + kWeaponClosing;
-    ExpectOnlyBox("Unable to find file", text);
-    EXPECT_EQ(app.dir.Read("Brasswick Works.Log"), text + "\n");
-}
+    const std::string missing = "Unable to find the weapons database file. " + kWeaponClosing;
+    ExpectOnlyBox("Unable to find file", missing);
+    EXPECT_EQ(app.dir.Read("Brasswick Works.Log"), missing + "\n");
 
-TEST_F(WeaponLoader, AnotherFilesStringIsNotCertified) {
     Put("weapons.bin", Header("Brasswick Works 3 Armor Database", 2, 0) + std::string(60, '\0'));
-    gWeapons = {Laser()};
+    gWeapons = {kLaser};
     EXPECT_FALSE(zLoadWeapons());
     ExpectOnlyBox("Unable to certify file", "Unable to certify weapon database file. " + kWeaponClosing);
     EXPECT_EQ(gWeapons.size(), 1u);  // the table is left as it was
-}
 
-TEST_F(WeaponLoader, StaleVersionNamesBothNumbers) {
-    std::string b = zWeaponsFileBytes({Laser()});
+    std::string b = zWeaponsFileBytes({kLaser});
     b[45] = 1;
     Put("weapons.bin", b);
     EXPECT_FALSE(zLoadWeapons());
@@ -183,10 +138,9 @@ TEST_F(WeaponLoader, StaleVersionNamesBothNumbers) {
                   "You weapon database is out of date. This program is looking for a database of version 2 but "
                   "your database is of version 1. " +
                       kWeaponClosing);
-}
 
-TEST_F(WeaponLoader, CertificationIgnoresSurroundingBlanksOnly) {
-    std::string b = zWeaponsFileBytes({Laser()});
+    // The certification ignores surrounding blanks, and nothing else.
+    b = zWeaponsFileBytes({kLaser});
     b.replace(0, 45, std::string("  Brasswick Works 3 Weapon Database") + std::string(10, ' '));
     Put("weapons.bin", b);
     EXPECT_TRUE(zLoadWeapons());
@@ -195,50 +149,41 @@ TEST_F(WeaponLoader, CertificationIgnoresSurroundingBlanksOnly) {
     EXPECT_FALSE(zLoadWeapons());
 }
 
-TEST_F(WeaponLoader, TruncatedFilesAreReportedNotCrashed) {
-    const std::string good = zWeaponsFileBytes({Laser(), Lrm()});
-    for (size_t cut : {size_t{0}, size_t{20}, size_t{46}, size_t{48}, size_t{60}, good.size() - 1}) {
-        fake.ui.boxes.clear();
-        Put("weapons.bin", good.substr(0, cut));
-        EXPECT_FALSE(zLoadWeapons()) << cut;
-        ExpectReported("zLoadWeapons", kErrInputPastEnd);
-    }
-}
-
-TEST_F(WeaponLoader, AbsurdCountsAreReported) {
-    Put("weapons.bin", Header("Brasswick Works 3 Weapon Database", 2, -1));
-    EXPECT_FALSE(zLoadWeapons());
-    ExpectReported("zLoadWeapons", kErrSubscript);
-
+TEST_F(Loaders, DamagedWeaponFilesAreReportedNotCrashed) {
+    const std::string good = zWeaponsFileBytes({kLaser, kLrm});
+    struct Case {
+        std::string bytes;
+        int error;
+        size_t maxRows;  // rows the table may hold after the refusal
+    };
+    std::vector<Case> cases;
+    for (size_t cut : {size_t{0}, size_t{20}, size_t{46}, size_t{48}, size_t{60}, good.size() - 1})
+        cases.push_back({good.substr(0, cut), kErrInputPastEnd, 2});
+    cases.push_back({Header(kWeaponsCert, 2, -1), kErrSubscript, 0});
     // 32768 rows claimed by a file of one row: refused before the table grows.
-    fake.ui.boxes.clear();
-    std::string b = zWeaponsFileBytes({Laser()});
+    std::string b = zWeaponsFileBytes({kLaser});
     b[47] = static_cast<char>(0xFF);
     b[48] = 0x7F;
-    Put("weapons.bin", b);
-    EXPECT_FALSE(zLoadWeapons());
-    ExpectReported("zLoadWeapons", kErrInputPastEnd);
-    EXPECT_LT(gWeapons.size(), 2u);
-
+    cases.push_back({b, kErrInputPastEnd, 1});
     // A name length running past the end.
-    fake.ui.boxes.clear();
-    b = zWeaponsFileBytes({Laser()});
-    b[49] = static_cast<char>(0xFF);
-    b[50] = static_cast<char>(0xFF);
-    Put("weapons.bin", b);
-    EXPECT_FALSE(zLoadWeapons());
-    ExpectReported("zLoadWeapons", kErrInputPastEnd);
-}
-
-TEST_F(WeaponLoader, MissingProgramFolderIsReported) {
-    const std::string saved = gAppPath;
+    b = zWeaponsFileBytes({kLaser});
+    b[49] = b[50] = static_cast<char>(0xFF);
+    cases.push_back({b, kErrInputPastEnd, 1});
+    for (size_t i = 0; i < cases.size(); ++i) {
+        SCOPED_TRACE(i);
+        gWeapons.clear();
+        Put("weapons.bin", cases[i].bytes);
+        EXPECT_FALSE(zLoadWeapons());
+        ExpectReported("zLoadWeapons", cases[i].error);
+        EXPECT_LE(gWeapons.size(), cases[i].maxRows);
+    }
     SetAppPath(app.dir.File("gone"));
     EXPECT_FALSE(zLoadWeapons());
-    SetAppPath(saved);
+    SetAppPath(app.dir.Path());
     ExpectReported("zLoadWeapons", kErrPathNotFound);
 }
 
-TEST_F(DiagramLoader, GoodFilesLoadIncludingEmptyRecords) {
+TEST_F(Loaders, DiagramFilesLoadIncludingEmptyRecords) {
     const std::vector<DotRecord> armor = {{0, 0, {1, 2, 3}, {4, 5, 6}}, {2, 5, {}, {}}, {-1, 99, {-7}, {32767}}};
     const std::vector<DotRecord> internal = {{1, 1, {10}, {20}}};
     Put("armorloc.bin", zDiagramFileBytes(kArmorCert, armor), &gLenArmor);
@@ -256,39 +201,33 @@ TEST_F(DiagramLoader, GoodFilesLoadIncludingEmptyRecords) {
     EXPECT_TRUE(fake.ui.boxes.empty());
 }
 
-TEST_F(DiagramLoader, RecordLayoutIsDescriptorThenValues) {
+TEST(DiagramFile, RecordLayoutIsDescriptorThenValues) {
     const std::string b = zDiagramFileBytes(kArmorCert, {{3, 4, {7, 8}, {9, 10}}});
     BinaryWriter e;
     e.Bytes(Header("Brasswick Works 3 Armor Database", 1, 0));
     for (int16_t v : {3, 4}) e.I16(v);
-    e.I16(1);
-    e.I32(2);
-    e.I32(0);
-    e.I16(7);
-    e.I16(8);
-    e.I16(1);
-    e.I32(2);
-    e.I32(0);
-    e.I16(9);
-    e.I16(10);
+    for (int16_t v : {7, 9}) {
+        e.I16(1);
+        e.I32(2);
+        e.I32(0);
+        e.I16(v);
+        e.I16(static_cast<int16_t>(v + 1));
+    }
     EXPECT_EQ(b, e.Data());
 }
 
-TEST_F(DiagramLoader, RefusalsUseEachFilesOwnWords) {
+TEST_F(Loaders, DiagramRefusalsUseEachFilesOwnWords) {
     EXPECT_FALSE(zLoadArmor());
     ExpectOnlyBox("Unable to find file", "Unable to find the armor database file. " + Closing("armor"));
-    fake.ui.boxes.clear();
     EXPECT_FALSE(zLoadInternal());
     ExpectOnlyBox("Unable to find file",
                   "Unable to find the internal structure database file. " + Closing("internal structure"));
 
-    fake.ui.boxes.clear();
     Put("intloc.bin", zDiagramFileBytes(kArmorCert, {{0, 0, {}, {}}}));
     EXPECT_FALSE(zLoadInternal());
     ExpectOnlyBox("Unable to certify file",
                   "Unable to certify internal structure database file. " + Closing("internal structure"));
 
-    fake.ui.boxes.clear();
     std::string b = zDiagramFileBytes(kArmorCert, {{0, 0, {}, {}}});
     b[45] = 2;
     Put("armorloc.bin", b);
@@ -301,7 +240,7 @@ TEST_F(DiagramLoader, RefusalsUseEachFilesOwnWords) {
     EXPECT_EQ(app.dir.Read("Brasswick Works.Log"), "");
 }
 
-TEST_F(DiagramLoader, CorruptRecordsAreReported) {
+TEST_F(Loaders, CorruptDiagramRecordsAreReported) {
     struct Case {
         const char* what;
         size_t offset;  // into the record's bytes after the header
@@ -321,18 +260,16 @@ TEST_F(DiagramLoader, CorruptRecordsAreReported) {
         {"Y shorter than X", 4 + 10 + 4 + 2, le32(1), kErrSubscript},
     };
     for (const Case& c : cases) {
-        fake.ui.boxes.clear();
+        SCOPED_TRACE(c.what);
         std::string b = zDiagramFileBytes(kInternalCert, {{0, 0, {1, 2}, {3, 4}}});
         b.replace(49 + c.offset, c.bytes.size(), c.bytes);
         Put("intloc.bin", b);
-        EXPECT_FALSE(zLoadInternal()) << c.what;
+        EXPECT_FALSE(zLoadInternal());
         ExpectReported("zLoadInternal", c.error);
     }
-    fake.ui.boxes.clear();
     Put("armorloc.bin", Header(kArmorCert, 1, 32767));
     EXPECT_FALSE(zLoadArmor());
     ExpectReported("zLoadArmor", kErrInputPastEnd);
-    fake.ui.boxes.clear();
     Put("armorloc.bin", Header(kArmorCert, 1, -5));
     EXPECT_FALSE(zLoadArmor());
     ExpectReported("zLoadArmor", kErrSubscript);
@@ -348,33 +285,31 @@ TEST(WeaponText, ParsesRowsCommentsAndLineEnds) {
     std::vector<WeaponRec> rows;
     std::string error;
     ASSERT_TRUE(zParseWeaponsText(text, "w.tsv", rows, error)) << error;
-    ASSERT_EQ(rows.size(), 2u);
-    EXPECT_EQ(rows[0], Laser());
-    EXPECT_EQ(rows[1], Lrm());
+    EXPECT_EQ(rows, (std::vector<WeaponRec>{kLaser, kLrm}));
 }
 
-TEST(WeaponText, BadLinesNameFileAndLine) {
+TEST(WeaponText, BadLinesNameFileLineAndField) {
     const std::string good = "0\t1\t0\tX\t3\t5\t-1\t\t-1\t3\t6\t9\t1\tHex\t0\t-1\t46\t40000\t0\t1\n";
-    auto err = [&](const std::string& bad) {
-        std::vector<WeaponRec> rows;
-        std::string error;
-        EXPECT_FALSE(zParseWeaponsText("#\n" + good + bad, "data/weapons.tsv", rows, error));
-        EXPECT_TRUE(rows.empty());
-        return error;
+    auto line = [](const char* name, const char* damage, const char* tons, const char* cost) {
+        return std::string("0\t1\t0\t") + name + "\t3\t" + damage + "\t-1\t\t-1\t3\t6\t9\t" + tons + "\tHex\t0\t-1\t46\t" +
+               cost + "\t0\t1";
     };
-    EXPECT_EQ(err("0\t1\t0\tX\n"), "data/weapons.tsv:3: expected 20 tab-separated fields, found 4");
-    EXPECT_EQ(err(good.substr(0, good.size() - 1) + "\t\n"),
-              "data/weapons.tsv:3: expected 20 tab-separated fields, found 21");
-    EXPECT_EQ(err("32768" + good.substr(1)), "data/weapons.tsv:3: field 1 (Base) is not a 16-bit integer: '32768'");
-    EXPECT_EQ(err("0\t1\t0\tX\t3\t5\t-1\t\t-1\t3\t6\t9\tone\tHex\t0\t-1\t46\t40000\t0\t1"),
-              "data/weapons.tsv:3: field 13 (Tonnage) is not a number: 'one'");
-    EXPECT_EQ(err("0\t1\t0\tX\t3\t5\t-1\t\t-1\t3\t6\t9\t1\tHex\t0\t-1\t46\t3000000000\t0\t1"),
-              "data/weapons.tsv:3: field 18 (Cost) is not a 32-bit integer: '3000000000'");
-    EXPECT_EQ(err("0\t1\t0\t\t3\t5\t-1\t\t-1\t3\t6\t9\t1\tHex\t0\t-1\t46\t1\t0\t1"),
-              "data/weapons.tsv:3: field 4 (Name) is empty");
-    EXPECT_EQ(err("0\t1\t0\tX\t3\t5x\t-1\t\t-1\t3\t6\t9\t1\tHex\t0\t-1\t46\t1\t0\t1"),
-              "data/weapons.tsv:3: field 6 (Damage) is not a 16-bit integer: '5x'");
-
+    const std::pair<std::string, std::string> cases[] = {
+        {"0\t1\t0\tX\n", "3: expected 20 tab-separated fields, found 4"},
+        {good.substr(0, good.size() - 1) + "\t\n", "3: expected 20 tab-separated fields, found 21"},
+        {"32768" + good.substr(1), "3: field 1 (Base) is not a 16-bit integer: '32768'"},
+        {line("X", "5", "one", "1"), "3: field 13 (Tonnage) is not a number: 'one'"},
+        {line("X", "5", "1", "3000000000"), "3: field 18 (Cost) is not a 32-bit integer: '3000000000'"},
+        {line("", "5", "1", "1"), "3: field 4 (Name) is empty"},
+        {line("X", "5x", "1", "1"), "3: field 6 (Damage) is not a 16-bit integer: '5x'"},
+    };
+    for (const auto& [bad, error] : cases) {
+        std::vector<WeaponRec> rows;
+        std::string got;
+        EXPECT_FALSE(zParseWeaponsText("#\n" + good + bad, "data/weapons.tsv", rows, got));
+        EXPECT_TRUE(rows.empty());
+        EXPECT_EQ(got, "data/weapons.tsv:" + error);
+    }
     std::vector<WeaponRec> rows;
     std::string error;
     EXPECT_FALSE(zParseWeaponsText("# only comments\n\n", "w.tsv", rows, error));
@@ -382,15 +317,15 @@ TEST(WeaponText, BadLinesNameFileAndLine) {
 }
 
 TEST(WeaponText, NamesAreStoredAsWindows1252) {
-    const std::string line = "0\t1\t3\tC\xC3\xA9sar\xE2\x80\x99s Rig\t-1\t-1\t-1\t\t-1\t-1\t-1\t-1\t1\tHex\t0\t-1\t0\t0\t1\t0";
+    auto row = [](const std::string& name) {
+        return "0\t1\t3\t" + name + "\t-1\t-1\t-1\t\t-1\t-1\t-1\t-1\t1\tHex\t0\t-1\t0\t0\t1\t0";
+    };
     std::vector<WeaponRec> rows;
     std::string error;
-    ASSERT_TRUE(zParseWeaponsText(line, "w.tsv", rows, error)) << error;
+    ASSERT_TRUE(zParseWeaponsText(row("C\xC3\xA9sar\xE2\x80\x99s Rig"), "w.tsv", rows, error)) << error;
     EXPECT_EQ(rows[0].Name, "C\xE9sar\x92s Rig");
     // A lone Windows-1252 byte is not UTF-8; a character outside the code page cannot be stored.
-    EXPECT_FALSE(zParseWeaponsText("0\t1\t3\tC\xE9sar\t-1\t-1\t-1\t\t-1\t-1\t-1\t-1\t1\tHex\t0\t-1\t0\t0\t1\t0",
-                                   "w.tsv", rows, error));
+    EXPECT_FALSE(zParseWeaponsText(row("C\xE9sar"), "w.tsv", rows, error));
     EXPECT_EQ(error, "w.tsv:1: field 4 (Name) is not UTF-8 text that Windows-1252 can hold");
-    EXPECT_FALSE(zParseWeaponsText("0\t1\t3\t\xE2\x82\xBD\t-1\t-1\t-1\t\t-1\t-1\t-1\t-1\t1\tHex\t0\t-1\t0\t0\t1\t0",
-                                   "w.tsv", rows, error));
+    EXPECT_FALSE(zParseWeaponsText(row("\xE2\x82\xBD"), "w.tsv", rows, error));
 }

@@ -7,6 +7,8 @@
 #include "support/FakeUi.h"
 #include "support/RaisesError.h"
 
+#include <tuple>
+
 using namespace bw;
 
 namespace {
@@ -52,80 +54,41 @@ TEST(WeaponDataTexts, RangeBands) {
     }
     // The unit compare is exact: "hex" is a unit of its own.
     EXPECT_EQ(zWpnLongRangeText(-1, 4, "hex"), "4 hexs");
-}
-
-TEST(WeaponDataTexts, BandAfterTheLargestSixteenBitEndOverflows) {
+    // The band after the largest 16-bit end overflows.
     EXPECT_EQ(test::ErrNumberOf([] { zWpnMedRangeText(32767, 5); }), kErrOverflow);
     EXPECT_EQ(test::ErrNumberOf([] { zWpnLongRangeText(32767, 5, "Hex"); }), kErrOverflow);
     EXPECT_EQ(zWpnLongRangeText(32766, 32767, "Hex"), "32767");
 }
 
 TEST(WeaponDataTexts, DamageHeatShotsCostAndTonnage) {
-    EXPECT_EQ(zWpnDamageText(5, -1, ""), "5");
-    EXPECT_EQ(zWpnDamageText(-1, -1, ""), "-");
-    EXPECT_EQ(zWpnDamageText(0, -1, ""), "0");
     // Split damage shows the per-missile figure and its unit, never the total.
-    EXPECT_EQ(zWpnDamageText(1, 20, "Msl"), "1/Msl");
-    EXPECT_EQ(zWpnDamageText(2, 0, "Msl"), "2/Msl");
-    EXPECT_EQ(zWpnDamageText(-1, 12, "Msl"), "-1/Msl");
-
+    const std::tuple<int16_t, int16_t, const char*, const char*> damage[] = {
+        {5, -1, "", "5"}, {-1, -1, "", "-"}, {0, -1, "", "0"},
+        {1, 20, "Msl", "1/Msl"}, {2, 0, "Msl", "2/Msl"}, {-1, 12, "Msl", "-1/Msl"}};
+    for (const auto& [d, unitValue, unit, text] : damage) EXPECT_EQ(zWpnDamageText(d, unitValue, unit), text);
+    for (int16_t n : {-2, 0, 32767}) EXPECT_EQ(zWpnNumberOrDash(n), std::to_string(n));
     EXPECT_EQ(zWpnNumberOrDash(-1), "-");
-    EXPECT_EQ(zWpnNumberOrDash(0), "0");
-    EXPECT_EQ(zWpnNumberOrDash(-2), "-2");
-    EXPECT_EQ(zWpnNumberOrDash(32767), "32767");
-
+    for (int32_t c : {-2, 0, 40000, 1500000}) EXPECT_EQ(zWpnCostText(c), std::to_string(c));
     EXPECT_EQ(zWpnCostText(-1), "0");
-    EXPECT_EQ(zWpnCostText(0), "0");
-    EXPECT_EQ(zWpnCostText(40000), "40000");
-    EXPECT_EQ(zWpnCostText(1500000), "1500000");
-    EXPECT_EQ(zWpnCostText(-2), "-2");
-
-    EXPECT_EQ(zWpnTonnageText(1), "1");
-    EXPECT_EQ(zWpnTonnageText(0.5), "0.5");
-    EXPECT_EQ(zWpnTonnageText(0.25), "0.25");
-    EXPECT_EQ(zWpnTonnageText(4.5), "4.5");
-    EXPECT_EQ(zWpnTonnageText(0), "0");
-    EXPECT_EQ(zWpnTonnageText(30), "30");
+    const std::pair<double, const char*> tons[] = {{1, "1"}, {0.5, "0.5"}, {0.25, "0.25"}, {4.5, "4.5"}, {0, "0"}, {30, "30"}};
+    for (const auto& [t, text] : tons) EXPECT_EQ(zWpnTonnageText(t), text);
 }
 
 namespace {
-
-WeaponRec Rec(const char* name, int16_t type, int16_t base, double tons, int16_t heat, int16_t dmg, int16_t hasDU,
-              const char* du, int16_t minR, int16_t s, int16_t m, int16_t l, const char* unit, int16_t shots,
-              int16_t cv, int32_t cost) {
-    WeaponRec w;
-    w.Name = name;
-    w.Type = type;
-    w.Level = 2;
-    w.Base = base;
-    w.Tonnage = tons;
-    w.Heat = heat;
-    w.Damage = dmg;
-    w.HasDamageUnit = hasDU;
-    w.DamageUnit = du;
-    w.MinRange = minR;
-    w.ShortRange = s;
-    w.MedRange = m;
-    w.LongRange = l;
-    w.RangeUnit = unit;
-    w.Shots = shots;
-    w.CombatValue = cv;
-    w.Cost = cost;
-    return w;
-}
 
 struct WeaponDataWindow : ::testing::Test {
     test::ScopedFakeUi fake;
     std::vector<WeaponRec> saved;
     void SetUp() override {
         saved = gWeapons;
+        // Level 2 rows in the field order of WeaponRec.
         gWeapons = {
-            Rec("Medium Laser", 0, 0, 1, 3, 5, -1, "", -1, 3, 6, 9, "Hex", -1, 46, 40000),
-            Rec("LRM 20", 2, 1, 5, 6, 1, 20, "Msl", -1, 7, 14, 21, "Hex", -1, 220, 250000),
-            Rec("Arrow IV", 5, 0, 15, 10, 20, -1, "", -1, -1, -1, 8, "Map", -1, 171, 450000),
-            Rec("Cargo Space", 3, 0, 1, -1, -1, -1, "", -1, -1, -1, -1, "Hex", -1, -1, -1),
-            Rec("AC/20 Ammo", 4, 0, 1, -1, -1, -1, "", -1, -1, -1, -1, "Hex", 5, 20, 10000),
-            Rec("Broken", 0, 0, 1, 0, 1, -1, "", -1, 32767, 5, 9, "Hex", -1, 0, 0),
+            {"Medium Laser", 0, 2, 0, 1, 3, 5, -1, 3, 6, 9, "Hex", 0, 40000, 46, -1, "", -1, 0, 0},
+            {"LRM 20", 2, 2, 1, 5, 6, 1, -1, 7, 14, 21, "Hex", 0, 250000, 220, -1, "Msl", 20, 0, 0},
+            {"Arrow IV", 5, 2, 0, 15, 10, 20, -1, -1, -1, 8, "Map", 0, 450000, 171, -1, "", -1, 0, 0},
+            {"Cargo Space", 3, 2, 0, 1, -1, -1, -1, -1, -1, -1, "Hex", 0, -1, -1, -1, "", -1, 0, 0},
+            {"AC/20 Ammo", 4, 2, 0, 1, -1, -1, -1, -1, -1, -1, "Hex", 0, 10000, 20, 5, "", -1, 0, 0},
+            {"Broken", 0, 2, 0, 1, 0, 1, -1, 32767, 5, 9, "Hex", 0, 0, 0, -1, "", -1, 0, 0},
         };
     }
     void TearDown() override { gWeapons = saved; }

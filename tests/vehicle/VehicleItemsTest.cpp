@@ -30,7 +30,7 @@ std::vector<std::pair<std::string, std::string>> Tree(const TreeView& tv) {
 
 }  // namespace
 
-TEST_F(VehicleTest, FirstItemTakesElementZeroAndNumbersReuseTheSmallest) {
+TEST_F(VehicleTest, ItemsTakeElementZeroReuseTheSmallestNumberAndCompactOnRemoval) {
     Vehicle v = Made(kVhlTracked, 50, 4);
     EXPECT_EQ(v.AddWeapon(kMedLaser), kTrue);
     ASSERT_EQ(v.Items.size(), 1u);
@@ -56,23 +56,20 @@ TEST_F(VehicleTest, FirstItemTakesElementZeroAndNumbersReuseTheSmallest) {
     // Removing a pair that is not there only compacts.
     v.RemoveWeapon(kMedLaser, 9);
     EXPECT_EQ(v.WeaponCount(), 5);
+
+    // Removing the only item leaves one empty element, which the next item takes.
+    Vehicle w = Made(kVhlTracked, 50, 4);
+    w.AddWeapon(kLargeLaser);
+    w.RemoveWeapon(kLargeLaser, 1);
+    ASSERT_EQ(w.Items.size(), 1u);
+    EXPECT_EQ(w.Items[0].wStatus, kFalse);
+    EXPECT_EQ(w.WeaponTonnage, 0);
+    EXPECT_EQ(w.NumItems, 0);
+    w.AddWeapon(kAC5);
+    EXPECT_EQ(w.Items, (std::vector<VehicleItem>{{kAC5, 1, kLocUnallocated, kTrue}}));
 }
 
-TEST_F(VehicleTest, RemovingTheOnlyItemLeavesOneEmptyElement) {
-    Vehicle v = Made(kVhlTracked, 50, 4);
-    v.AddWeapon(kLargeLaser);
-    v.RemoveWeapon(kLargeLaser, 1);
-    ASSERT_EQ(v.Items.size(), 1u);
-    EXPECT_EQ(v.Items[0].wStatus, kFalse);
-    EXPECT_EQ(v.WeaponCount(), 0);
-    EXPECT_EQ(v.WeaponTonnage, 0);
-    EXPECT_EQ(v.NumItems, 0);
-    v.AddWeapon(kAC5);
-    ASSERT_EQ(v.Items.size(), 1u);
-    EXPECT_EQ(v.Items[0], (VehicleItem{kAC5, 1, kLocUnallocated, kTrue}));
-}
-
-TEST_F(VehicleTest, FullSlotsRefuseAllButSharedSlots) {
+TEST_F(VehicleTest, FullSlotsRefuseAllButSharedSlotsAndOnlyAtZero) {
     Vehicle v = FullDesign();
     ASSERT_EQ(v.NumItems, v.MaxItems);
     ASSERT_TRUE(fake.ui.boxes.empty());
@@ -91,11 +88,10 @@ TEST_F(VehicleTest, FullSlotsRefuseAllButSharedSlots) {
     EXPECT_EQ(v.AddWeapon(kMedLaser), kFalse);
     EXPECT_EQ(fake.ui.boxes.size(), 3u);
     EXPECT_EQ(v.WeaponCount(), 8);
-}
 
-TEST_F(VehicleTest, OverfullDesignMayStillAdd) {
-    // The slot test is for exactly zero: an option can push a design over.
-    Vehicle v = FullDesign();
+    // The refusal is for exactly zero free: an option can push a design
+    // over, and it may still add.
+    fake.ui.boxes.clear();
     int16_t yes = 1;
     v.SetSpecialEQ(4, yes);
     ASSERT_EQ(v.MaxItems - v.NumItems, -1);
@@ -218,19 +214,6 @@ TEST_F(VehicleTest, CurrentItemRecord) {
     EXPECT_TRUE(fake.ui.boxes.empty());
     v.SetVehicleWeaponIdxGlobal(3);
     ExpectOneReport("Vehicle.SetVehicleWeaponIdxGlobal", kErrSubscript);
-}
-
-TEST_F(VehicleTest, CompactKeepsOrder) {
-    Vehicle v = Detached();
-    v.Items = {{1, 1, 0, kFalse}, {2, 1, 0, kTrue}, {3, 1, 0, kFalse}, {4, 2, 5, kTrue}};
-    v.zCompactItems();
-    ASSERT_EQ(v.Items.size(), 2u);
-    EXPECT_EQ(v.Items[0].wType, 2);
-    EXPECT_EQ(v.Items[1].wType, 4);
-    v.Items = {{1, 1, 0, kFalse}, {2, 1, 0, kFalse}};
-    v.zCompactItems();
-    ASSERT_EQ(v.Items.size(), 1u);
-    EXPECT_EQ(v.Items[0], VehicleItem{});
 }
 
 TEST_F(VehicleTest, SelectedTreeGroupsByLocation) {

@@ -9,27 +9,6 @@
 using namespace bw;
 using namespace bw::test;
 
-namespace {
-
-struct EngineCase {
-    int16_t engine;
-    double tons;
-};
-
-// The engine weight of a design brought to a rating with a chosen engine.
-double EngineTons(int16_t type, int16_t tons, int16_t speed, int16_t engine) {
-    Vehicle v;
-    v.OverrideInteractiveMode();
-    v.SetTechLevel(3);
-    v.SetType(type);
-    v.SetTonnage(tons);
-    v.SetCruiseSpeed(speed);
-    v.SetEngineType(engine);
-    v.CalcEngineRating();
-    return v.EngineTonnage;
-}
-
-}  // namespace
 
 TEST_F(VehicleTest, NewDesignStartsAsFiveTonsAtOneMovementPoint) {
     Vehicle v = Made(kVhlTracked, 5, 1);
@@ -46,70 +25,51 @@ TEST_F(VehicleTest, NewDesignStartsAsFiveTonsAtOneMovementPoint) {
     EXPECT_TRUE(fake.ui.boxes.empty());
 }
 
-TEST_F(VehicleTest, EngineWeightOfEveryTypeAtRating200) {
-    // 50 tons at 4 points: rating 200, base 8.5.
-    const EngineCase cases[] = {
-        {kEngICE, 17},      {kEngFusion, 13},        {kEngFusionXL, 6},        {kEngLargeICE, 17},
-        {kEngFusionXXL, 4}, {kEngLargeFusionXL, 6},  {kEngLargeFusionXXL, 4}, {kEngLargeFusion, 13},
+TEST_F(VehicleTest, EngineWeightByTypeTableAndRounding) {
+    struct Case {
+        int16_t type, tons, speed, engine;
+        double weight;
     };
-    for (const auto& c : cases) EXPECT_EQ(EngineTons(kVhlTracked, 50, 4, c.engine), c.tons) << "engine " << c.engine;
-    EXPECT_EQ(EngineTons(kVhlTracked, 50, 4, 8), 0);
-    EXPECT_EQ(EngineTons(kVhlTracked, 50, 4, -1), 0);
-}
-
-TEST_F(VehicleTest, EngineConversionRoundsHalfToEven) {
-    // Base 3 (rating 100) as Fusion is 4.5 -> 4; base 5 (rating 140) is 7.5 -> 8.
-    EXPECT_EQ(EngineTons(kVhlTracked, 25, 4, kEngFusion), 4);
-    EXPECT_EQ(EngineTons(kVhlTracked, 35, 4, kEngFusion), 8);
-    // Base 0.5 as XL: 0.375 -> 0.
-    EXPECT_EQ(EngineTons(kVhlTracked, 5, 1, kEngFusionXL), 0);
-}
-
-TEST_F(VehicleTest, RatingOffTheTableWeighsOneHundredBeforeTheMultiplier) {
-    // 29 tons at 7 points: 203.
-    Vehicle v = Made(kVhlTracked, 29, 7);
-    EXPECT_EQ(v.EngineRating, 203);
-    EXPECT_EQ(v.EngineTonnage, 200);
-    v.SetEngineType(kEngFusion);
-    EXPECT_EQ(v.EngineTonnage, 150);
-    // Not a large engine: above 400 the base table gives 100 as well.
-    EXPECT_EQ(EngineTons(kVhlSuperHeavy, 100, 5, kEngFusion), 150);
-    EXPECT_EQ(EngineTons(kVhlSuperHeavy, 100, 5, kEngICE), 200);
-}
-
-TEST_F(VehicleTest, LargeEnginesUseTheirTableFrom401) {
-    // Super heavy, 100 tons at 5 points: rating 500, base 462.5.
-    EXPECT_EQ(EngineTons(kVhlSuperHeavy, 100, 5, kEngLargeICE), 925);
-    EXPECT_EQ(EngineTons(kVhlSuperHeavy, 100, 5, kEngLargeFusion), 694);    // 693.75
-    EXPECT_EQ(EngineTons(kVhlSuperHeavy, 100, 5, kEngLargeFusionXL), 347);  // 346.875
-    EXPECT_EQ(EngineTons(kVhlSuperHeavy, 100, 5, kEngLargeFusionXXL), 231); // 231.25
-    // 81 tons at 5: rating 405, base 56.5.
-    EXPECT_EQ(EngineTons(kVhlSuperHeavy, 81, 5, kEngLargeFusion), 85);  // 84.75
-    // 100 tons at 4: rating 400 stays on the base table (52.5).
-    EXPECT_EQ(EngineTons(kVhlSuperHeavy, 100, 4, kEngLargeFusion), 79);  // 78.75
+    const Case cases[] = {
+        // 50 tons at 4 points: rating 200, base 8.5, under every engine.
+        {kVhlTracked, 50, 4, kEngICE, 17},          {kVhlTracked, 50, 4, kEngFusion, 13},
+        {kVhlTracked, 50, 4, kEngFusionXL, 6},      {kVhlTracked, 50, 4, kEngLargeICE, 17},
+        {kVhlTracked, 50, 4, kEngFusionXXL, 4},     {kVhlTracked, 50, 4, kEngLargeFusionXL, 6},
+        {kVhlTracked, 50, 4, kEngLargeFusionXXL, 4}, {kVhlTracked, 50, 4, kEngLargeFusion, 13},
+        {kVhlTracked, 50, 4, 8, 0},                 {kVhlTracked, 50, 4, -1, 0},
+        // Conversions round half to even: 4.5 -> 4, 7.5 -> 8, 0.375 -> 0.
+        {kVhlTracked, 25, 4, kEngFusion, 4},        {kVhlTracked, 35, 4, kEngFusion, 8},
+        {kVhlTracked, 5, 1, kEngFusionXL, 0},
+        // A rating off the base table weighs 100 before the multiplier,
+        // above 400 too unless the engine is large.
+        {kVhlTracked, 29, 7, kEngICE, 200},         {kVhlTracked, 29, 7, kEngFusion, 150},
+        {kVhlSuperHeavy, 100, 5, kEngFusion, 150},  {kVhlSuperHeavy, 100, 5, kEngICE, 200},
+        // Large engines take their own table from 401: rating 500, base 462.5.
+        {kVhlSuperHeavy, 100, 5, kEngLargeICE, 925},
+        {kVhlSuperHeavy, 100, 5, kEngLargeFusion, 694},     // 693.75
+        {kVhlSuperHeavy, 100, 5, kEngLargeFusionXL, 347},   // 346.875
+        {kVhlSuperHeavy, 100, 5, kEngLargeFusionXXL, 231},  // 231.25
+        {kVhlSuperHeavy, 81, 5, kEngLargeFusion, 85},       // rating 405, base 56.5: 84.75
+        {kVhlSuperHeavy, 100, 4, kEngLargeFusion, 79},      // 400 stays on the base table: 78.75
+    };
+    for (const Case& c : cases) {
+        Vehicle v = Made(c.type, c.tons, c.speed);
+        v.SetEngineType(c.engine);
+        EXPECT_EQ(v.EngineTonnage, c.weight) << c.type << " " << c.tons << "t at " << c.speed << ", engine " << c.engine;
+    }
+    EXPECT_EQ(Made(kVhlTracked, 29, 7).EngineRating, 203);
     // A rating above 400 that the large table lacks gives 0.
     Vehicle v = Made(kVhlSuperHeavy, 100, 4);
     v.SetEngineType(kEngLargeFusion);
     v.EngineRating = 401;
     v.CalcEngineTonnage();
     EXPECT_EQ(v.EngineTonnage, 0);
-}
 
-TEST_F(VehicleTest, EngineTables) {
-    EXPECT_EQ(zBaseEngineWeight(0), 0);
-    EXPECT_EQ(zBaseEngineWeight(5), 0.5);
-    EXPECT_EQ(zBaseEngineWeight(200), 8.5);
-    EXPECT_EQ(zBaseEngineWeight(275), 15.5);
-    EXPECT_EQ(zBaseEngineWeight(400), 52.5);
-    EXPECT_EQ(zBaseEngineWeight(3), 100);
-    EXPECT_EQ(zBaseEngineWeight(-5), 100);
-    EXPECT_EQ(zBaseEngineWeight(405), 100);
-    EXPECT_EQ(zLargeEngineWeight(400), 0);
-    EXPECT_EQ(zLargeEngineWeight(405), 56.5);
-    EXPECT_EQ(zLargeEngineWeight(450), 133.5);
-    EXPECT_EQ(zLargeEngineWeight(500), 462.5);
-    EXPECT_EQ(zLargeEngineWeight(503), 0);
-    EXPECT_EQ(zLargeEngineWeight(505), 0);
+    const std::pair<int16_t, double> base[] = {{0, 0},     {5, 0.5},   {200, 8.5}, {275, 15.5},
+                                               {400, 52.5}, {3, 100},  {-5, 100},  {405, 100}};
+    for (auto [rating, weight] : base) EXPECT_EQ(zBaseEngineWeight(rating), weight) << rating;
+    const std::pair<int16_t, double> large[] = {{400, 0}, {405, 56.5}, {450, 133.5}, {500, 462.5}, {503, 0}, {505, 0}};
+    for (auto [rating, weight] : large) EXPECT_EQ(zLargeEngineWeight(rating), weight) << rating;
 }
 
 TEST_F(VehicleTest, SuperchargerFollowsTheEngine) {
@@ -182,14 +142,12 @@ TEST_F(VehicleTest, StructureControlsAndLiftInSinglePrecision) {
 
     // The double structure of the super heavy tank; it is not half-ton rounded.
     EXPECT_EQ(Made(kVhlSuperHeavy, 101, 1).ISTonnage, static_cast<double>(101.0f / 5.0f));
-}
-
-TEST_F(VehicleTest, SetTypeLeavesStructureUntilTheNextTonnage) {
-    Vehicle v = Made(kVhlTracked, 50, 2);
-    v.SetType(kVhlSuperHeavy);
-    EXPECT_EQ(v.ISTonnage, 5);
-    v.SetTonnage(100);
-    EXPECT_EQ(v.ISTonnage, 20);
+    // A changed type leaves the structure until the next tonnage.
+    Vehicle t = Made(kVhlTracked, 50, 2);
+    t.SetType(kVhlSuperHeavy);
+    EXPECT_EQ(t.ISTonnage, 5);
+    t.SetTonnage(100);
+    EXPECT_EQ(t.ISTonnage, 20);
 }
 
 TEST_F(VehicleTest, FlankSpeedIsCruiseAndHalfRoundedUp) {
