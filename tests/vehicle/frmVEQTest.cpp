@@ -5,10 +5,12 @@
 
 #include <memory>
 
-#include "database/DatabaseOps.h"
+#include "EditorTestSupport.h"
 #include "VehicleTestSupport.h"
+#include "database/DatabaseOps.h"
+#include "support/NewEditor.h"
+#include "support/RaisesError.h"
 #include "vehicle/frmVEQ.h"
-#include "vehicle/frmVhl.h"
 
 using namespace bw;
 using namespace bw::test;
@@ -21,13 +23,10 @@ constexpr int16_t kTracked = 0, kVTOL = 3, kNaval = 5;
 // Rows added to the test table for the mast mount and the sums.
 enum : int16_t { kBeagle = 14, kBloodhound, kC3Slave, kActiveProbe, kWatchdog, kTenth, kFifth, kThreeTenths };
 
+const char* const kAmmoOnlyBody = "Ammunition may only be added to the Body location on a vehicle.";
+
 VehicleItem Used(int16_t type, int16_t num, int16_t loc) { return {type, num, loc, kTrue}; }
 
-std::vector<std::string> Texts(const ListBox& b) {
-    std::vector<std::string> v;
-    for (int32_t i = 0; i < b.ListCount(); ++i) v.push_back(b.List(i));
-    return v;
-}
 std::vector<int32_t> Data(const ListBox& b) {
     std::vector<int32_t> v;
     for (int32_t i = 0; i < b.ListCount(); ++i) v.push_back(b.ItemData(i));
@@ -38,6 +37,7 @@ void Pick(ListBox& b, const std::string& text) {
         if (b.List(i) == text) return b.SetListIndex(i);
     FAIL() << "no entry " << text << " in " << b.Name;
 }
+using Texts = std::vector<std::string>;
 
 class AllocationTest : public VehicleTest {
 protected:
@@ -55,10 +55,12 @@ protected:
         gWeapons.push_back(MakeRow("Three Tenths", 3, 0.3, 0));
     }
 
-    // A design with the given items, and the window loaded on it.
-    frmVEQ& Open(int16_t type, std::vector<VehicleItem> items, int16_t base = 0) {
+    // A design with the given items and places, and the window loaded on it.
+    frmVEQ& Open(int16_t type, std::vector<VehicleItem> items, std::vector<int16_t Vehicle::*> mounted = {},
+                 int16_t base = 0) {
         v = std::make_shared<Vehicle>(Made(type, type == kVTOL ? 20 : 40, 4, base));
         v->Items = std::move(items);
+        for (auto flag : mounted) v.get()->*flag = kTrue;
         w = std::make_unique<frmVEQ>();
         w->vhl = v;
         w->Form_Load();
@@ -80,13 +82,23 @@ protected:
         return p;
     }
     // Every list's entries, to show that a refusal moved nothing.
-    std::vector<std::vector<std::string>> AllLists() {
-        std::vector<std::vector<std::string>> all{Texts(w->LBoxAvail)};
-        for (int16_t i = 0; i < 8; ++i) all.push_back(Texts(w->LBoxLoc(i)));
-        all.push_back(Texts(w->LBoxLoc(99)));
+    std::vector<Texts> AllLists() {
+        std::vector<Texts> all{Lines(w->LBoxAvail)};
+        for (int16_t i = 0; i < 8; ++i) all.push_back(Lines(w->LBoxLoc(i)));
+        all.push_back(Lines(w->LBoxLoc(99)));
         return all;
     }
+    std::vector<bool> ListsShown() {
+        std::vector<bool> s;
+        for (int16_t i = 4; i <= 7; ++i) s.push_back(w->LBoxLoc(i).Visible() && w->LLocDesc(i).Visible());
+        return s;
+    }
 };
+
+const auto kTurret = &Vehicle::HasTurret;
+const auto kSecTurret = &Vehicle::HasSecTurret;
+const auto kSponsons = &Vehicle::HasSponsonTurrets;
+const auto kMast = &Vehicle::HasMastMount;
 
 }  // namespace
 
@@ -94,95 +106,74 @@ TEST_F(AllocationTest, ReloadPutsEachItemInTheListOfItsPlace) {
     Open(kTracked, {Used(kMedLaser, 1, -1), Used(kMedLaser, 2, 0), {0, 0, 0, 0}, Used(kAC5Ammo, 1, 99),
                     Used(kLargeLaser, 1, 4), Used(kMedLaser, 3, -1), Used(kAC5, 1, 3)});
     // Entries carry their element's index in the array, holes included.
-    EXPECT_EQ(Texts(w->LBoxAvail), (std::vector<std::string>{"Medium Laser (#1)", "Medium Laser (#3)"}));
+    EXPECT_EQ(Lines(w->LBoxAvail), (Texts{"Medium Laser (#1)", "Medium Laser (#3)"}));
     EXPECT_EQ(Data(w->LBoxAvail), (std::vector<int32_t>{0, 5}));
-    EXPECT_EQ(Texts(w->LBoxLoc(0)), std::vector<std::string>{"Medium Laser (#2)"});
+    EXPECT_EQ(Lines(w->LBoxLoc(0)), Texts{"Medium Laser (#2)"});
     EXPECT_EQ(Data(w->LBoxLoc(0)), std::vector<int32_t>{1});
-    EXPECT_EQ(Texts(w->LBoxLoc(99)), std::vector<std::string>{"AC/5 Ammo (#1)"});
+    EXPECT_EQ(Lines(w->LBoxLoc(99)), Texts{"AC/5 Ammo (#1)"});
     EXPECT_EQ(Data(w->LBoxLoc(99)), std::vector<int32_t>{3});
-    EXPECT_EQ(Texts(w->LBoxLoc(4)), std::vector<std::string>{"Large Laser (#1)"});
+    EXPECT_EQ(Lines(w->LBoxLoc(4)), Texts{"Large Laser (#1)"});
     EXPECT_EQ(Data(w->LBoxLoc(3)), std::vector<int32_t>{6});
 
     // A second load starts from empty lists.
+    const auto before = AllLists();
     w->zReloadData();
-    EXPECT_EQ(w->LBoxAvail.ListCount(), 2);
-    EXPECT_EQ(w->LBoxLoc(0).ListCount(), 1);
+    EXPECT_EQ(AllLists(), before);
     EXPECT_TRUE(fake.ui.boxes.empty());
 }
 
 TEST_F(AllocationTest, CaptionsAndShownListsFollowTypeAndTurrets) {
-    Open(kTracked, {Used(kMedLaser, 1, -1)});
-    const char* tracked[] = {"Front", "Left", "Right", "Rear", "Main Turret", "Secondary Turret"};
-    for (int16_t i = 0; i <= 5; ++i) EXPECT_EQ(w->LLocDesc(i).Caption(), tracked[i]);
-    EXPECT_EQ(w->LLocDesc(6).Caption(), "Left Sponson Turret");
-    EXPECT_EQ(w->LLocDesc(7).Caption(), "Right Sponson Turret");
-    EXPECT_EQ(w->LLocDesc(99).Caption(), "Body");
-    for (int16_t i : {4, 5, 6, 7}) {
-        EXPECT_FALSE(w->LBoxLoc(i).Visible()) << i;
-        EXPECT_FALSE(w->LLocDesc(i).Visible()) << i;
+    const std::pair<int16_t, Texts> captions[] = {
+        {kTracked, {"Front", "Left", "Right", "Rear", "Main Turret", "Secondary Turret"}},
+        {kVTOL, {"Nose", "Left", "Right", "Tail", "Chin Turret", "Mast Mount"}},
+        {kNaval, {"Bow", "Left", "Right", "Stern", "Main Turret", "Secondary Turret"}}};
+    for (const auto& [type, want] : captions) {
+        Open(type, {Used(kMedLaser, 1, -1)});
+        Texts got;
+        for (int16_t i = 0; i <= 5; ++i) got.push_back(w->LLocDesc(i).Caption());
+        EXPECT_EQ(got, want);
+        EXPECT_EQ(w->LLocDesc(6).Caption(), "Left Sponson Turret");
+        EXPECT_EQ(w->LLocDesc(7).Caption(), "Right Sponson Turret");
+        EXPECT_EQ(w->LLocDesc(99).Caption(), "Body");
     }
-    EXPECT_FALSE(w->LSponsonLeftTonnage.Visible());
-    EXPECT_FALSE(w->LSponsonRightTonnage.Visible());
 
-    v->HasTurret = kTrue;
-    v->HasSponsonTurrets = kTrue;
-    w->zReloadData();
-    EXPECT_TRUE(w->LBoxLoc(4).Visible());
-    EXPECT_FALSE(w->LBoxLoc(5).Visible());
-    for (int16_t i : {6, 7}) EXPECT_TRUE(w->LBoxLoc(i).Visible() && w->LLocDesc(i).Visible()) << i;
-    EXPECT_TRUE(w->LSponsonLeftTonnage.Visible());
-    EXPECT_EQ(w->LSponsonLeftTonnage.Caption(), "0 tons mounted");
-
-    v->HasTurret = kFalse;
-    v->HasSecTurret = kTrue;
-    v->HasSponsonTurrets = kFalse;
-    w->zReloadData();
-    EXPECT_FALSE(w->LBoxLoc(4).Visible());
-    EXPECT_TRUE(w->LBoxLoc(5).Visible());
-    EXPECT_FALSE(w->LBoxLoc(6).Visible());
-
-    // A mast mount means nothing on a ground vehicle.
-    v->HasSecTurret = kFalse;
-    v->HasMastMount = kTrue;
-    w->zReloadData();
-    EXPECT_FALSE(w->LBoxLoc(5).Visible());
-}
-
-TEST_F(AllocationTest, VtolShowsTheMastMountAsLocationFive) {
-    Open(kVTOL, {Used(kMedLaser, 1, -1)});
-    const char* vtol[] = {"Nose", "Left", "Right", "Tail", "Chin Turret", "Mast Mount"};
-    for (int16_t i = 0; i <= 5; ++i) EXPECT_EQ(w->LLocDesc(i).Caption(), vtol[i]);
-    EXPECT_FALSE(w->LBoxLoc(5).Visible());
-    v->HasMastMount = kTrue;
-    w->zReloadData();
-    EXPECT_TRUE(w->LBoxLoc(5).Visible());
-    EXPECT_TRUE(w->LLocDesc(5).Visible());
-
-    Open(kNaval, {Used(kMedLaser, 1, -1)});
-    EXPECT_EQ(w->LLocDesc(0).Caption(), "Bow");
-    EXPECT_EQ(w->LLocDesc(3).Caption(), "Stern");
+    // Lists 4 to 7 and the sponson figures by what is mounted; a mast mount
+    // means nothing on a ground vehicle.
+    struct Case {
+        int16_t type;
+        std::vector<int16_t Vehicle::*> mounted;
+        std::vector<bool> shown;
+    } cases[] = {
+        {kTracked, {}, {false, false, false, false}},
+        {kTracked, {kTurret, kSponsons}, {true, false, true, true}},
+        {kTracked, {kSecTurret}, {false, true, false, false}},
+        {kTracked, {kMast}, {false, false, false, false}},
+        {kVTOL, {}, {false, false, false, false}},
+        {kVTOL, {kMast}, {false, true, false, false}},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(testing::Message() << c.type << " with " << c.mounted.size());
+        Open(c.type, {Used(kMedLaser, 1, -1)}, c.mounted);
+        EXPECT_EQ(ListsShown(), c.shown);
+        EXPECT_EQ(w->LSponsonLeftTonnage.Visible(), c.shown[2]);
+        EXPECT_EQ(w->LSponsonRightTonnage.Visible(), c.shown[3]);
+    }
+    EXPECT_TRUE(fake.ui.boxes.empty());
 }
 
 TEST_F(AllocationTest, IndexesOutsideTheWindowRaiseSubscript) {
     frmVEQ f;
     for (int16_t i : {-1, 8, 98, 100}) {
-        try {
-            f.LBoxLoc(i);
-            ADD_FAILURE() << i;
-        } catch (const RunError& e) {
-            EXPECT_EQ(e.Number(), kErrSubscript);
-        }
-        EXPECT_THROW(f.LLocDesc(i), RunError) << i;
+        EXPECT_EQ(ErrNumberOf([&] { f.LBoxLoc(i); }), kErrSubscript) << i;
+        EXPECT_EQ(ErrNumberOf([&] { f.LLocDesc(i); }), kErrSubscript) << i;
     }
-    EXPECT_NO_THROW(f.LBoxLoc(99));
-    EXPECT_NO_THROW(f.LBoxLoc(0));
-    EXPECT_NO_THROW(f.LLocDesc(7));
+    for (int16_t i : {0, 7, 99}) EXPECT_EQ(ErrNumberOf([&] { f.LBoxLoc(i), f.LLocDesc(i); }), 0) << i;
 }
 
 TEST_F(AllocationTest, DamagedItemsAreShownOrReported) {
     // A place no list stands for shows as unallocated, and Done puts it there.
     Open(kTracked, {Used(kMedLaser, 1, 8), Used(kAC5, 1, 2)});
-    EXPECT_EQ(Texts(w->LBoxAvail), std::vector<std::string>{"Medium Laser (#1)"});
+    EXPECT_EQ(Lines(w->LBoxAvail), Texts{"Medium Laser (#1)"});
     w->PButDone_Click();
     EXPECT_EQ(Places(), (std::vector<int16_t>{-1, 2}));
 
@@ -206,92 +197,88 @@ TEST_F(AllocationTest, DragOverTurnsGreenAndBackToWhite) {
     EXPECT_EQ(w->LBoxLoc(2).BackColor(), kWhite);
 }
 
-TEST_F(AllocationTest, AnyItemGoesAnywhereShownAndKeepsItsIndex) {
-    Open(kTracked, {Used(kMedLaser, 1, -1), Used(kAC5, 1, -1), Used(kCargo, 1, -1), Used(kLargeLaser, 1, -1)});
+TEST_F(AllocationTest, AnyItemGoesAnywhereShownOnlyFromTheAvailableList) {
+    Open(kTracked, {Used(kMedLaser, 1, -1), Used(kAC5, 1, -1), Used(kCargo, 1, -1), Used(kLargeLaser, 1, 1)});
     EXPECT_FALSE(w->LBoxAvail_MouseDown());  // nothing selected: no drag
     Drop(0, "AC/5 (#1)");
-    EXPECT_EQ(Texts(w->LBoxLoc(0)), std::vector<std::string>{"AC/5 (#1)"});
+    EXPECT_EQ(Lines(w->LBoxLoc(0)), Texts{"AC/5 (#1)"});
     EXPECT_EQ(Data(w->LBoxLoc(0)), std::vector<int32_t>{1});
     EXPECT_EQ(w->LBoxLoc(0).BackColor(), kWhite);
-    EXPECT_EQ(Data(w->LBoxAvail), (std::vector<int32_t>{0, 2, 3}));
+    EXPECT_EQ(Data(w->LBoxAvail), (std::vector<int32_t>{0, 2}));
     EXPECT_FALSE(w->LBoxAvail_MouseDown());  // the moved entry took the selection with it
 
     Drop(99, "Cargo Space (#1)");
     Drop(0, "Medium Laser (#1)");
-    EXPECT_EQ(Texts(w->LBoxLoc(0)), (std::vector<std::string>{"AC/5 (#1)", "Medium Laser (#1)"}));
-    EXPECT_EQ(Texts(w->LBoxLoc(99)), std::vector<std::string>{"Cargo Space (#1)"});
-    EXPECT_TRUE(fake.ui.boxes.empty());
+    EXPECT_EQ(Lines(w->LBoxLoc(0)), (Texts{"AC/5 (#1)", "Medium Laser (#1)"}));
+    EXPECT_EQ(Lines(w->LBoxLoc(99)), Texts{"Cargo Space (#1)"});
     // Nothing reaches the design before Done.
-    EXPECT_EQ(Places(), (std::vector<int16_t>{-1, -1, -1, -1}));
-}
+    EXPECT_EQ(Places(), (std::vector<int16_t>{-1, -1, -1, 1}));
 
-TEST_F(AllocationTest, DropsFromElsewhereOrWithoutSelectionAreIgnored) {
-    Open(kTracked, {Used(kMedLaser, 1, -1), Used(kAC5, 1, 0)});
-    auto before = AllLists();
-    w->LBoxLoc_DragDrop(1, &w->LBoxAvail);  // no entry selected
-    Pick(w->LBoxLoc(0), "AC/5 (#1)");
-    w->LBoxLoc_DragDrop(1, &w->LBoxLoc(0));  // from another location
-    Pick(w->LBoxAvail, "Medium Laser (#1)");
-    w->LBoxLoc_DragDrop(1, &w->LBoxLoc(0));
-    w->LBoxLoc_DragDrop(1, &w->PButDone);
-    w->LBoxLoc_DragDrop(1, nullptr);
+    // Drops without a selection, from another location or from elsewhere
+    // are ignored.
+    DoubleClick(99, "Cargo Space (#1)");
+    const auto before = AllLists();
+    w->LBoxAvail.SetListIndex(-1);
+    w->LBoxLoc_DragDrop(2, &w->LBoxAvail);
+    Pick(w->LBoxLoc(1), "Large Laser (#1)");
+    w->LBoxLoc_DragDrop(2, &w->LBoxLoc(1));
+    Pick(w->LBoxAvail, "Cargo Space (#1)");
+    w->LBoxLoc_DragDrop(2, &w->LBoxLoc(1));
+    w->LBoxLoc_DragDrop(2, &w->PButDone);
+    w->LBoxLoc_DragDrop(2, nullptr);
     EXPECT_EQ(AllLists(), before);
     EXPECT_TRUE(fake.ui.boxes.empty());
 }
 
 TEST_F(AllocationTest, AmmunitionOnlyToTheBody) {
-    Open(kTracked, {Used(kAC5Ammo, 1, -1), Used(kSRMAmmo, 1, 99), Used(kAC5, 1, -1)});
-    v->HasTurret = kTrue;
-    w->zReloadData();
-    auto before = AllLists();
+    Open(kTracked, {Used(kAC5Ammo, 1, -1), Used(kSRMAmmo, 1, 99), Used(kAC5, 1, -1)}, {kTurret});
+    const auto before = AllLists();
     for (int16_t loc : {0, 3, 4}) {
+        SCOPED_TRACE(loc);
+        fake.ui.boxes.clear();
         Drop(loc, "AC/5 Ammo (#1)");
-        ASSERT_EQ(fake.ui.boxes.size(), 1u) << loc;
-        const RecordedBox& b = fake.ui.LastBox();
-        EXPECT_EQ(b.title, "Unable to add item");
-        EXPECT_EQ(b.icon, MsgIcon::Critical);
-        EXPECT_EQ(b.text, "Ammunition may only be added to the Body location on a vehicle.");
+        ASSERT_EQ(fake.ui.boxes.size(), 1u);
+        EXPECT_EQ(LastShown(fake.ui), (Shown{"Unable to add item", kAmmoOnlyBody, MsgIcon::Critical}));
         EXPECT_EQ(AllLists(), before);
         EXPECT_EQ(w->LBoxLoc(loc).BackColor(), kWhite);
-        fake.ui.boxes.clear();
     }
+    fake.ui.boxes.clear();
     Drop(99, "AC/5 Ammo (#1)");
     EXPECT_TRUE(fake.ui.boxes.empty());
-    EXPECT_EQ(Texts(w->LBoxLoc(99)), (std::vector<std::string>{"SRM 2 Ammo (#1)", "AC/5 Ammo (#1)"}));
+    EXPECT_EQ(Lines(w->LBoxLoc(99)), (Texts{"SRM 2 Ammo (#1)", "AC/5 Ammo (#1)"}));
 
     // Taken out of the body and offered elsewhere: refused again.
     DoubleClick(99, "SRM 2 Ammo (#1)");
-    EXPECT_EQ(Texts(w->LBoxAvail), (std::vector<std::string>{"AC/5 (#1)", "SRM 2 Ammo (#1)"}));
+    EXPECT_EQ(Lines(w->LBoxAvail), (Texts{"AC/5 (#1)", "SRM 2 Ammo (#1)"}));
     Drop(1, "SRM 2 Ammo (#1)");
     EXPECT_EQ(fake.ui.boxes.size(), 1u);
     EXPECT_EQ(w->LBoxLoc(1).ListCount(), 0);
 }
 
-TEST_F(AllocationTest, MastMountTakesOneItemOfTheInnerSphereList) {
-    Open(kVTOL, {Used(kBeagle, 1, -1), Used(kBloodhound, 1, -1), Used(kActiveProbe, 1, -1), Used(kMedLaser, 1, -1),
-                 Used(kAC5Ammo, 1, -1)});
-    v->HasMastMount = kTrue;
-    w->zReloadData();
-    EXPECT_EQ(w->wMastMount,
-              (std::vector<std::string>{"Beagle Active Probe", "Bloodhound Active Probe", "C(3) Slave"}));
+TEST_F(AllocationTest, MastMountTakesOneItemOfItsBasesList) {
+    Open(kVTOL,
+         {Used(kBeagle, 1, -1), Used(kBloodhound, 1, -1), Used(kActiveProbe, 1, -1), Used(kMedLaser, 1, -1),
+          Used(kAC5Ammo, 1, -1)},
+         {kMast});
+    EXPECT_EQ(w->wMastMount, (Texts{"Beagle Active Probe", "Bloodhound Active Probe", "C(3) Slave"}));
 
     // "Active Probe" is a Clan name: refused on an Inner Sphere design.
     Drop(5, "Active Probe (#1)");
     ASSERT_EQ(fake.ui.boxes.size(), 1u);
-    EXPECT_EQ(fake.ui.LastBox().title, "Unable to add item");
-    EXPECT_EQ(fake.ui.LastBox().icon, MsgIcon::Critical);
-    EXPECT_EQ(fake.ui.LastBox().text,
-              "You may not put this item in a mast mount, only the following items are allowed in a mast mount:\n"
-              "\t- Beagle Active Probe\n\t- Bloodhound Active Probe\n\t- C(3) Slave");
+    EXPECT_EQ(LastShown(fake.ui),
+              (Shown{"Unable to add item",
+                     "You may not put this item in a mast mount, only the following items are allowed in a mast "
+                     "mount:\n\t- Beagle Active Probe\n\t- Bloodhound Active Probe\n\t- C(3) Slave",
+                     MsgIcon::Critical}));
     EXPECT_EQ(w->LBoxLoc(5).ListCount(), 0);
 
     // Ammunition is refused as ammunition first.
     Drop(5, "AC/5 Ammo (#1)");
-    EXPECT_EQ(fake.ui.LastBox().text, "Ammunition may only be added to the Body location on a vehicle.");
+    EXPECT_EQ(fake.ui.LastBox().text, kAmmoOnlyBody);
 
     Drop(5, "Beagle Active Probe (#1)");
     EXPECT_EQ(fake.ui.boxes.size(), 2u);
-    EXPECT_EQ(Texts(w->LBoxLoc(5)), std::vector<std::string>{"Beagle Active Probe (#1)"});
+    EXPECT_EQ(Lines(w->LBoxLoc(5)), Texts{"Beagle Active Probe (#1)"});
 
     // A full mast refuses before the name is looked at: an allowed name and a
     // refused one get the same answer.
@@ -311,27 +298,21 @@ TEST_F(AllocationTest, MastMountTakesOneItemOfTheInnerSphereList) {
     fake.ui.boxes.clear();
     Drop(5, "Bloodhound Active Probe (#1)");
     EXPECT_TRUE(fake.ui.boxes.empty());
-    EXPECT_EQ(Texts(w->LBoxLoc(5)), std::vector<std::string>{"Bloodhound Active Probe (#1)"});
-}
+    EXPECT_EQ(Lines(w->LBoxLoc(5)), Texts{"Bloodhound Active Probe (#1)"});
 
-TEST_F(AllocationTest, ClanMastMountListAndGroundSecondTurretHasNoRules) {
-    Open(kVTOL, {Used(kActiveProbe, 1, -1), Used(kBeagle, 1, -1), Used(kWatchdog, 1, -1)}, 1);
-    v->HasMastMount = kTrue;
-    w->zReloadData();
+    // The Clan list.
+    Open(kVTOL, {Used(kActiveProbe, 1, -1), Used(kBeagle, 1, -1), Used(kWatchdog, 1, -1)}, {kMast}, 1);
     Drop(5, "Beagle Active Probe (#1)");
-    ASSERT_EQ(fake.ui.boxes.size(), 1u);
     EXPECT_EQ(fake.ui.LastBox().text,
               "You may not put this item in a mast mount, only the following items are allowed in a mast mount:\n"
               "\t- Active Probe\n\t- Watchdog System");
+    fake.ui.boxes.clear();
     Drop(5, "Active Probe (#1)");
-    EXPECT_EQ(fake.ui.boxes.size(), 1u);
-    EXPECT_EQ(Texts(w->LBoxLoc(5)), std::vector<std::string>{"Active Probe (#1)"});
+    EXPECT_TRUE(fake.ui.boxes.empty());
+    EXPECT_EQ(Lines(w->LBoxLoc(5)), Texts{"Active Probe (#1)"});
 
     // On a tank location 5 is a turret like any other.
-    fake.ui.boxes.clear();
-    Open(kTracked, {Used(kMedLaser, 1, -1), Used(kAC5, 1, -1)});
-    v->HasSecTurret = kTrue;
-    w->zReloadData();
+    Open(kTracked, {Used(kMedLaser, 1, -1), Used(kAC5, 1, -1)}, {kSecTurret});
     Drop(5, "Medium Laser (#1)");
     Drop(5, "AC/5 (#1)");
     EXPECT_TRUE(fake.ui.boxes.empty());
@@ -343,8 +324,8 @@ TEST_F(AllocationTest, DoubleClickMovesBack) {
     w->LBoxLoc_DblClick(0);  // no selection: nothing
     EXPECT_EQ(w->LBoxLoc(0).ListCount(), 2);
     DoubleClick(0, "AC/5 (#1)");
-    EXPECT_EQ(Texts(w->LBoxLoc(0)), std::vector<std::string>{"Medium Laser (#1)"});
-    EXPECT_EQ(Texts(w->LBoxAvail), (std::vector<std::string>{"Cargo Space (#1)", "AC/5 (#1)"}));
+    EXPECT_EQ(Lines(w->LBoxLoc(0)), Texts{"Medium Laser (#1)"});
+    EXPECT_EQ(Lines(w->LBoxAvail), (Texts{"Cargo Space (#1)", "AC/5 (#1)"}));
     EXPECT_EQ(Data(w->LBoxAvail), (std::vector<int32_t>{3, 1}));
     DoubleClick(99, "AC/5 Ammo (#1)");
     EXPECT_EQ(w->LBoxLoc(99).ListCount(), 0);
@@ -354,9 +335,8 @@ TEST_F(AllocationTest, DoubleClickMovesBack) {
 }
 
 TEST_F(AllocationTest, SponsonFiguresFollowEveryMove) {
-    Open(kTracked, {Used(kAC5, 1, 6), Used(kSearchlight, 1, -1), Used(kMedLaser, 1, -1), Used(kCargo, 1, 7)});
-    v->HasSponsonTurrets = kTrue;
-    w->zReloadData();
+    Open(kTracked, {Used(kAC5, 1, 6), Used(kSearchlight, 1, -1), Used(kMedLaser, 1, -1), Used(kCargo, 1, 7)},
+         {kSponsons});
     EXPECT_EQ(w->LSponsonLeftTonnage.Caption(), "8 tons mounted");
     EXPECT_EQ(w->LSponsonRightTonnage.Caption(), "1 tons mounted");
     EXPECT_EQ(w->LSponsonLeftTonnage.ForeColor(), kRed);
@@ -374,28 +354,12 @@ TEST_F(AllocationTest, SponsonFiguresFollowEveryMove) {
     EXPECT_EQ(w->LSponsonRightTonnage.ForeColor(), kBlack);
 }
 
-TEST_F(AllocationTest, SponsonsBalanceByTheFiguresAsShown) {
+TEST_F(AllocationTest, SponsonsBalanceByTheFiguresAsShownAndDoneCloses) {
     // 0.1 + 0.2 is not 0.3 in binary, but both show as 0.3.
-    Open(kTracked, {Used(kTenth, 1, 6), Used(kFifth, 1, 6), Used(kThreeTenths, 1, 7)});
-    v->HasSponsonTurrets = kTrue;
-    w->zReloadData();
+    Open(kTracked, {Used(kTenth, 1, 6), Used(kFifth, 1, 6), Used(kThreeTenths, 1, -1)}, {kSponsons});
+    Drop(7, "Three Tenths (#1)");
     EXPECT_EQ(w->LSponsonLeftTonnage.Caption(), "0.3 tons mounted");
     EXPECT_EQ(w->LSponsonLeftTonnage.ForeColor(), kBlack);
-    w->Visible = true;
-    w->PButDone_Click();
-    EXPECT_TRUE(fake.ui.boxes.empty());
-    EXPECT_TRUE(w->wDone);
-}
-
-TEST_F(AllocationTest, BalancedSponsonsOfDifferentEquipmentClose) {
-    Open(kTracked, {Used(kMedLaser, 1, -1), Used(kMedLaser, 2, -1), Used(kMedLaser, 3, -1), Used(kAC5Ammo, 1, 99),
-                    Used(kCargo, 1, -1), Used(kSearchlight, 1, -1), Used(kSearchlight, 2, -1), Used(kPassengers, 1, -1)});
-    v->HasSponsonTurrets = kTrue;
-    w->zReloadData();
-    for (const char* e : {"Medium Laser (#1)", "Medium Laser (#2)", "Medium Laser (#3)"}) Drop(6, e);
-    for (const char* e : {"Cargo Space (#1)", "Searchlight (#1)", "Searchlight (#2)", "Passengers (#1)"}) Drop(7, e);
-    EXPECT_EQ(w->LSponsonLeftTonnage.Caption(), "3 tons mounted");
-    EXPECT_EQ(w->LSponsonRightTonnage.Caption(), "3 tons mounted");
     int closed = 0;
     w->Unloaded = [&] { ++closed; };
     w->Visible = true;
@@ -404,13 +368,11 @@ TEST_F(AllocationTest, BalancedSponsonsOfDifferentEquipmentClose) {
     EXPECT_EQ(closed, 1);
     EXPECT_FALSE(w->Visible);
     EXPECT_TRUE(w->wDone);
-    EXPECT_EQ(Places(), (std::vector<int16_t>{6, 6, 6, 99, 7, 7, 7, 7}));
+    EXPECT_EQ(Places(), (std::vector<int16_t>{6, 6, 7}));
 }
 
 TEST_F(AllocationTest, UnbalancedSponsonsKeepTheWindowOpen) {
-    Open(kTracked, {Used(kMedLaser, 1, -1), Used(kLargeLaser, 1, -1)});
-    v->HasSponsonTurrets = kTrue;
-    w->zReloadData();
+    Open(kTracked, {Used(kMedLaser, 1, -1), Used(kLargeLaser, 1, -1)}, {kSponsons});
     Drop(6, "Medium Laser (#1)");
     Drop(7, "Large Laser (#1)");
     int closed = 0;
@@ -418,12 +380,12 @@ TEST_F(AllocationTest, UnbalancedSponsonsKeepTheWindowOpen) {
     w->Visible = true;
     w->PButDone.DoClick();
     ASSERT_EQ(fake.ui.boxes.size(), 1u);
-    EXPECT_EQ(fake.ui.LastBox().title, "Unbalanced Sponson Turrets");
-    EXPECT_EQ(fake.ui.LastBox().icon, MsgIcon::Critical);
-    EXPECT_EQ(fake.ui.LastBox().text,
-              "Your sponson turrets are not properly balanced. You must have the same tonnage of equipment in each "
-              "of the sponson turrets. This equipment does not need to be the same type, just have the same total "
-              "weight.");
+    EXPECT_EQ(LastShown(fake.ui),
+              (Shown{"Unbalanced Sponson Turrets",
+                     "Your sponson turrets are not properly balanced. You must have the same tonnage of equipment in "
+                     "each of the sponson turrets. This equipment does not need to be the same type, just have the "
+                     "same total weight.",
+                     MsgIcon::Critical}));
     EXPECT_TRUE(w->Visible);
     EXPECT_FALSE(w->wDone);
     EXPECT_EQ(closed, 0);
@@ -441,9 +403,7 @@ TEST_F(AllocationTest, DoneWritesEveryListsPlace) {
     std::vector<VehicleItem> items;
     for (int16_t n = 1; n <= 10; ++n) items.push_back(Used(kMedLaser, n, 99));
     items.push_back(Used(kAC5, 1, 0));
-    Open(kTracked, items);
-    v->HasTurret = v->HasSecTurret = v->HasSponsonTurrets = kTrue;
-    w->zReloadData();
+    Open(kTracked, items, {kTurret, kSecTurret, kSponsons});
     for (int16_t n = 1; n <= 10; ++n) DoubleClick(99, "Medium Laser (#" + std::to_string(n) + ")");
     for (int16_t loc = 0; loc <= 7; ++loc) Drop(loc, "Medium Laser (#" + std::to_string(loc + 1) + ")");
     Drop(99, "Medium Laser (#9)");
@@ -462,18 +422,8 @@ protected:
         zResetDatabase();
     }
     frmVhl& Editor() {
-        ed = std::make_unique<frmVhl>();
-        auto d = std::make_shared<Vehicle>();
-        ed->vhl = d;
-        d->frm = ed.get();
-        ed->Form_Load();
-        d->SetTechBase(0);
-        d->SetTechLevel(3);
-        d->SetType(kTracked);
-        d->SetTonnage(5);
-        d->SetCruiseSpeed(1);
-        ed->zSetUpBaseData();
-        d->Items = {Used(kMedLaser, 1, -1), Used(kAC5Ammo, 1, 99)};
+        ed = NewEditor(kTracked);
+        ed->vhl->Items = {Used(kMedLaser, 1, -1), Used(kAC5Ammo, 1, 99)};
         ed->zUpdateWeapons();
         return *ed;
     }
@@ -488,7 +438,7 @@ TEST_F(AllocationRoadTest, DoneWritesBackAndRefreshesTheEditor) {
             ++shown;
             EXPECT_TRUE(f.Visible);
             EXPECT_EQ(f.vhl, editor.vhl);  // the editor's own design, not a copy
-            EXPECT_EQ(Texts(f.LBoxAvail), std::vector<std::string>{"Medium Laser (#1)"});
+            EXPECT_EQ(Lines(f.LBoxAvail), Texts{"Medium Laser (#1)"});
             f.LBoxAvail.SetListIndex(0);
             f.LBoxLoc_DragDrop(2, &f.LBoxAvail);
             f.PButDone.DoClick();
