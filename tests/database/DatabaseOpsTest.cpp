@@ -33,6 +33,7 @@ protected:
     std::vector<std::string> captions;
     std::vector<std::pair<std::string, std::string>> pickerShown;
     int16_t pickAnswer = -1;
+    bool ok = false;  // the last save's answer
 
     void SetUp() override {
         SetAppPath(dir.Path());
@@ -79,6 +80,15 @@ protected:
         r.Seek(at);
         return r.I16();
     }
+    // The only box shown, exactly.
+    void ExpectOnlyBox(const std::string& title, const std::string& text, MsgIcon icon,
+                       MsgButtons buttons = MsgButtons::OK) {
+        ASSERT_EQ(fake.ui.boxes.size(), 1u);
+        EXPECT_EQ(fake.ui.boxes[0].title, title);
+        EXPECT_EQ(fake.ui.boxes[0].text, text);
+        EXPECT_EQ(fake.ui.boxes[0].icon, icon);
+        EXPECT_EQ(fake.ui.boxes[0].buttons, buttons);
+    }
     std::string Saved(Vehicle v) {  // writing compacts: write a copy
         BinaryWriter w;
         v.SaveData(w);
@@ -100,7 +110,6 @@ TEST_F(DatabaseOps, AnEmptyDatabaseIs36BytesWrittenOverAStrayTemporary) {
 
 TEST_F(DatabaseOps, TheFirstDesignTakesIndexZeroAndLaterOnesAppend) {
     NewDatabase();
-    bool ok = false;
     auto a = MakeVehicle("Alpha");
     zSaveVehicle(a, ok);
     EXPECT_TRUE(ok);
@@ -128,7 +137,6 @@ TEST_F(DatabaseOps, TheFirstDesignTakesIndexZeroAndLaterOnesAppend) {
 
 TEST_F(DatabaseOps, TheSameNameWithAnotherBaseOrTypeIsASecondDesign) {
     NewDatabase();
-    bool ok = false;
     zSaveVehicle(MakeVehicle("Hunter", 0, 0), ok);
     zSaveVehicle(MakeVehicle("Hunter", 1, 0), ok);
     zSaveVehicle(MakeVehicle("Hunter", 0, 2), ok);
@@ -140,7 +148,6 @@ TEST_F(DatabaseOps, TheSameNameWithAnotherBaseOrTypeIsASecondDesign) {
 
 TEST_F(DatabaseOps, OverwritingAsksWithTheTypeWordAndBase) {
     NewDatabase();
-    bool ok = false;
     zSaveVehicle(MakeVehicle("Hunter", 1, 3), ok);
     const std::string before = dir.Read("designs.bwd");
 
@@ -149,12 +156,9 @@ TEST_F(DatabaseOps, OverwritingAsksWithTheTypeWordAndBase) {
     fake.ui.answers = {MsgResult::No};
     zSaveVehicle(again, ok);
     EXPECT_FALSE(ok);
-    ASSERT_EQ(fake.ui.boxes.size(), 1u);
-    EXPECT_EQ(fake.ui.boxes[0].text,
-              "There is already  a Clan V.T.O.L. named Hunter in this database, would you like to overwrite it?");
-    EXPECT_EQ(fake.ui.boxes[0].title, "Overwrite?");
-    EXPECT_EQ(fake.ui.boxes[0].buttons, MsgButtons::YesNo);
-    EXPECT_EQ(fake.ui.boxes[0].icon, MsgIcon::Question);
+    ExpectOnlyBox("Overwrite?",
+                  "There is already  a Clan V.T.O.L. named Hunter in this database, would you like to overwrite it?",
+                  MsgIcon::Question, MsgButtons::YesNo);
     EXPECT_EQ(dir.Read("designs.bwd"), before);
     EXPECT_EQ(gVehicles[0]->Tonnage, 40);
 
@@ -180,7 +184,6 @@ TEST_F(DatabaseOps, OverwritingAsksWithTheTypeWordAndBase) {
 
 TEST_F(DatabaseOps, FightersAreKeptBesideVehicles) {
     NewDatabase();
-    bool ok = false;
     zSaveFighter(MakeFighter("Sparrow", 0, 1), ok);
     EXPECT_TRUE(ok);
     fake.ui.answers = {MsgResult::No, MsgResult::No, MsgResult::No};
@@ -202,7 +205,6 @@ TEST_F(DatabaseOps, FightersAreKeptBesideVehicles) {
 
 TEST_F(DatabaseOps, DeletingAsksThenDropsTheDesignKeepingTheOrder) {
     NewDatabase();
-    bool ok = false;
     for (const char* n : {"One", "Two", "Three"}) zSaveVehicle(MakeVehicle(n), ok);
     auto three = gVehicles[2];
 
@@ -239,7 +241,6 @@ TEST_F(DatabaseOps, DeletingAsksThenDropsTheDesignKeepingTheOrder) {
 
 TEST_F(DatabaseOps, DeletingTheOnlyDesignLeavesACountOfMinusOne) {
     NewDatabase();
-    bool ok = false;
     zSaveVehicle(MakeVehicle("Lonely"), ok);
     zSaveFighter(MakeFighter("Solo"), ok);
     pickAnswer = 0;
@@ -280,21 +281,17 @@ TEST_F(DatabaseOps, CompactionSqueezesBlanksOutInOrder) {
 }
 
 TEST_F(DatabaseOps, SavingWithNoDatabaseRefuses) {
-    bool ok = false;
     zSaveVehicle(MakeVehicle("Orphan"), ok);
     // The design is in the table and the save reports it was done: the
     // caller cannot tell.
     EXPECT_TRUE(ok);
-    ASSERT_EQ(fake.ui.boxes.size(), 1u);
-    EXPECT_EQ(fake.ui.boxes[0].text,
-              "You do not have a database open. You must open a valid database before attempting to save.");
-    EXPECT_EQ(fake.ui.boxes[0].title, "No database open");
-    EXPECT_EQ(fake.ui.boxes[0].icon, MsgIcon::Critical);
+    ExpectOnlyBox("No database open",
+                  "You do not have a database open. You must open a valid database before attempting to save.",
+                  MsgIcon::Critical);
 }
 
 TEST_F(DatabaseOps, ADesignThatCannotBeWrittenLeavesTheFileAlone) {
     NewDatabase();
-    bool ok = false;
     zSaveVehicle(MakeVehicle("Fine"), ok);
     const std::string before = dir.Read("designs.bwd");
     auto bad = MakeVehicle("Centipede");
@@ -336,7 +333,6 @@ TEST_F(DatabaseOps, ADatabaseOnAnotherFileSystemIsStillReplacedWhole) {
     if (a.st_dev == b.st_dev) GTEST_SKIP() << "/dev/shm is on the same file system";
 
     gDatabasePath = (other / "far.bwd").string();
-    bool ok = false;
     zSaveVehicle(MakeVehicle("Far"), ok);
     EXPECT_TRUE(fake.ui.boxes.empty());
     std::ifstream in(gDatabasePath, std::ios::binary);
@@ -351,7 +347,6 @@ TEST_F(DatabaseOps, AProgramFolderThatCannotBeWrittenUsesTheDatabaseFolder) {
     const std::string path = NewDatabase();
     SetAppPath(dir.File("missing-folder"));
     gLogFile = "/dev/null";
-    bool ok = false;
     zSaveVehicle(MakeVehicle("Here"), ok);
     EXPECT_TRUE(fake.ui.boxes.empty());
     EXPECT_EQ(CountAt(dir.Read("designs.bwd"), 32), 0);
@@ -363,7 +358,6 @@ TEST_F(DatabaseOps, AProgramFolderThatCannotBeWrittenUsesTheDatabaseFolder) {
 
 TEST_F(DatabaseOps, OpeningAMissingFileOrNothingSaysNothing) {
     const std::string path = NewDatabase();
-    bool ok = false;
     zSaveVehicle(MakeVehicle("Kept"), ok);
     zOpenDatabase("");
     zOpenDatabase(dir.File("absent.bwd"));
@@ -375,7 +369,6 @@ TEST_F(DatabaseOps, OpeningAMissingFileOrNothingSaysNothing) {
 
 TEST_F(DatabaseOps, AnEditorsDesignOutlivesTheTableAndSavesIntoTheNextDatabase) {
     NewDatabase("first.bwd");
-    bool ok = false;
     auto edited = MakeVehicle("Wanderer");
     zSaveVehicle(edited, ok);
     NewDatabase("second.bwd");
@@ -408,10 +401,7 @@ TEST_F(DatabaseOps, AnUncertifiedFileIsRefused) {
         fake.ui.boxes.clear();
         dir.Write("other.bwd", content);
         zOpenDatabase(dir.File("other.bwd"));
-        ASSERT_EQ(fake.ui.boxes.size(), 1u);
-        EXPECT_EQ(fake.ui.boxes[0].text, kCertifyText);
-        EXPECT_EQ(fake.ui.boxes[0].title, "Unable to certify");
-        EXPECT_EQ(fake.ui.boxes[0].icon, MsgIcon::Information);
+        ExpectOnlyBox("Unable to certify", kCertifyText, MsgIcon::Information);
         EXPECT_TRUE(gDatabasePath.empty());
     }
 }
@@ -420,14 +410,12 @@ TEST_F(DatabaseOps, AWrongVersionFallsBackToTheDefaultDatabase) {
     dir.Write("old.bwd", Bytes().Header(1).I16(-1).I16(-1).str());
     dir.Write("Works.BWD", Bytes().Header().I16(-1).I16(-1).str());
     zOpenDatabase(dir.File("old.bwd"));
-    ASSERT_EQ(fake.ui.boxes.size(), 1u);
-    EXPECT_EQ(fake.ui.boxes[0].text,
-              "The database '" + dir.File("old.bwd") +
-                  "' can not be opened because it is of the wrong version. This is a version 1 database, but this "
-                  "program is looking for a version 2 database. Please choose 'Upgrade Existing v3 Database' from "
-                  "the 'File' menu.");
-    EXPECT_EQ(fake.ui.boxes[0].title, "Wrong DB version");
-    EXPECT_EQ(fake.ui.boxes[0].icon, MsgIcon::Information);
+    ExpectOnlyBox("Wrong DB version",
+                  "The database '" + dir.File("old.bwd") +
+                      "' can not be opened because it is of the wrong version. This is a version 1 database, but "
+                      "this program is looking for a version 2 database. Please choose 'Upgrade Existing v3 "
+                      "Database' from the 'File' menu.",
+                  MsgIcon::Information);
     EXPECT_EQ(gDatabasePath, dir.File("Works.BWD"));
 }
 
@@ -448,7 +436,6 @@ TEST_F(DatabaseOps, AWrongVersionDefaultDatabaseGivesTwoMessages) {
 
 TEST_F(DatabaseOps, ATruncatedFileIsReportedOnceAndNotOpened) {
     const std::string path = NewDatabase();
-    bool ok = false;
     zSaveVehicle(MakeVehicle("Whole"), ok);
     zSaveFighter(MakeFighter("Also"), ok);
     std::string bytes = dir.Read("designs.bwd");
@@ -484,7 +471,6 @@ TEST_F(DatabaseOps, NewDatabaseAsksForAPathAndStartsEmpty) {
     zNewDB();
     EXPECT_TRUE(gDatabasePath.empty());
 
-    bool ok = false;
     gVehicles[0]->Name = "Left over";
     fake.ui.fileAnswers = {dir.File("fresh.bwd")};
     zNewDB();

@@ -197,51 +197,45 @@ TEST_F(PartsCostTest, MultiplierByVehicleType) {
 }
 
 TEST_F(PartsCostTest, UnknownTypeAndOverflowAreReported) {
-    {
-        Vehicle v = Design(8, 50);
-        v.ISTonnage = 5;
-        frmCost f;
+    auto report = [&](Vehicle v, frmCost& f) {
+        fake.ui.boxes.clear();
         zGenPartsCost(v, f);
-        ExpectOneReport("zGenPartsCost", kErrDivByZero);
-        EXPECT_EQ(f.lvParts.Count(), 3);  // the lines stay, the figures are not written
-        EXPECT_EQ(f.lPartsSubtotal.Caption(), "");
-        EXPECT_EQ(f.lVhlMultiplier.Caption(), "");
-    }
-    fake.ui.boxes.clear();
-    {
-        // 100 t x 400 jump jets squared x 200 is past 32 bits.
-        Vehicle v = Design(kVhlTracked, 100);
-        v.HasJumpJet = kTrue;
-        v.NumJumpJets = 400;
-        frmCost f;
-        zGenPartsCost(v, f);
-        ExpectOneReport("zGenPartsCost", kErrOverflow);
-    }
-    fake.ui.boxes.clear();
-    {
-        // One line's price past 32 bits.
-        Vehicle v = Design(kVhlTracked, 100);
-        v.EngineType = kEngLargeFusionXXL;
-        v.EngineRating = 32767;
-        frmCost f;
-        zGenPartsCost(v, f);
-        ExpectOneReport("zGenPartsCost", kErrOverflow);
-        EXPECT_EQ(f.lvParts.Count(), 0);
-    }
-    fake.ui.boxes.clear();
-    {
-        // Each line fits (2133333333 for the engine); their sum does not.
-        Vehicle v = Design(kVhlTracked, 100);
-        v.EngineType = kEngLargeFusionXXL;
-        v.EngineRating = 8000;
-        v.ISTonnage = 5;
-        v.HasSupercharger = kTrue;
-        frmCost f;
-        zGenPartsCost(v, f);
-        ExpectOneReport("zGenPartsCost", kErrOverflow);
-        EXPECT_EQ(f.lvParts.Item(0).SubItem(1), "2133333333");
-        EXPECT_EQ(f.lPartsSubtotal.Caption(), "");
-    }
+    };
+    Vehicle v = Design(8, 50);
+    v.ISTonnage = 5;
+    frmCost f;
+    report(v, f);
+    ExpectOneReport("zGenPartsCost", kErrDivByZero);
+    EXPECT_EQ(f.lvParts.Count(), 3);  // the lines stay, the figures are not written
+    EXPECT_EQ(f.lPartsSubtotal.Caption(), "");
+    EXPECT_EQ(f.lVhlMultiplier.Caption(), "");
+
+    // 100 t x 400 jump jets squared x 200 is past 32 bits.
+    v = Design(kVhlTracked, 100);
+    v.HasJumpJet = kTrue;
+    v.NumJumpJets = 400;
+    frmCost jets;
+    report(v, jets);
+    ExpectOneReport("zGenPartsCost", kErrOverflow);
+
+    // One line's price past 32 bits.
+    v = Design(kVhlTracked, 100);
+    v.EngineType = kEngLargeFusionXXL;
+    v.EngineRating = 32767;
+    frmCost line;
+    report(v, line);
+    ExpectOneReport("zGenPartsCost", kErrOverflow);
+    EXPECT_EQ(line.lvParts.Count(), 0);
+
+    // Each line fits (2133333333 for the engine); their sum does not.
+    v.EngineRating = 8000;
+    v.ISTonnage = 5;
+    v.HasSupercharger = kTrue;
+    frmCost sum;
+    report(v, sum);
+    ExpectOneReport("zGenPartsCost", kErrOverflow);
+    EXPECT_EQ(sum.lvParts.Item(0).SubItem(1), "2133333333");
+    EXPECT_EQ(sum.lPartsSubtotal.Caption(), "");
 }
 
 class WeapCostTest : public EvalTest {};
