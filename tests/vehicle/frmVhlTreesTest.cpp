@@ -10,9 +10,9 @@
 #include "core/Progress.h"
 #include "core/Settings.h"
 #include "database/DatabaseOps.h"
+#include "EditorTestSupport.h"
 #include "VehicleTestSupport.h"
 #include "support/NewEditor.h"
-#include "vehicle/frmVhl.h"
 
 using namespace bw;
 using namespace bw::test;
@@ -40,22 +40,17 @@ protected:
         for (const TreeView::Node* n : tv.Children(parent)) out.push_back(n->Key + ":" + n->Text);
         return out;
     }
-    void Add(int16_t row) {
-        const std::string group = "node" + std::to_string(gWeapons[static_cast<size_t>(row)].Type);
-        win->tvAvailEq.SetExpanded(group, true);
-        win->tvAvailEq.Select("w" + std::to_string(row));
-        win->PButEquipment[0].DoClick();
-    }
+    void Add(int16_t row) { AddItem(*win, row); }
     void Remove(const std::string& key) {
         win->tvSelectedEq.Select(key);
         win->PButEquipment[1].DoClick();
     }
-    void Place(int16_t row, int16_t num, int16_t loc) {
-        Vehicle& v = *win->vhl;
-        for (size_t i = 0; i < v.Items.size(); ++i)
-            if (v.Items[i].wStatus == kTrue && v.Items[i].wType == row && v.Items[i].wNum == num)
-                v.UpdateWeaponLocation(static_cast<int16_t>(i), loc);
-        win->zUpdateWeapons();
+    void Place(int16_t row, int16_t num, int16_t loc) { PlaceItem(*win, row, num, loc); }
+    // Whether every group of the selected tree is open (or every one closed).
+    bool AllSelectedGroups(bool expanded) const {
+        for (const auto* n : win->tvSelectedEq.Children(""))
+            if (n->Expanded != expanded) return false;
+        return true;
     }
 };
 
@@ -70,22 +65,22 @@ TEST_F(TreesTest, GroupsInClassOrderWithAPlaceholderWhereTheClassHasRows) {
     frmVhl& e = New(kVhlTracked, 0, 1);
     EXPECT_EQ(Kids(e.tvAvailEq, ""), kGroups);
     // Level 1 Inner Sphere: no missile row (the only one is level 3) and no
-    // artillery (level 2).
-    EXPECT_EQ(Kids(e.tvAvailEq, "node0"), (std::vector<std::string>{"BLANK0:"}));
-    EXPECT_EQ(Kids(e.tvAvailEq, "node1"), (std::vector<std::string>{"BLANK1:"}));
-    EXPECT_TRUE(Kids(e.tvAvailEq, "node2").empty());
-    EXPECT_EQ(Kids(e.tvAvailEq, "node3"), (std::vector<std::string>{"BLANK3:"}));
-    EXPECT_EQ(Kids(e.tvAvailEq, "node4"), (std::vector<std::string>{"BLANK4:"}));
-    EXPECT_TRUE(Kids(e.tvAvailEq, "node5").empty());
-    EXPECT_TRUE(e.PButExpandAvail.Enabled());
-    EXPECT_TRUE(e.PButCollapseAvail.Enabled());
-    for (const auto& n : e.tvAvailEq.Nodes()) EXPECT_FALSE(n.Expanded) << n.Key;
-
-    // Clan level 3: its own laser only among the energy weapons, nothing else.
-    New(kVhlTracked, 1, 3);
+    // artillery (level 2). Clan level 3: its own laser only.
+    const std::pair<int16_t, std::vector<bool>> filled[] = {{0, {true, true, false, true, true, false}},
+                                                           {1, {true, false, false, false, false, false}}};
+    for (const auto& [base, has] : filled) {
+        New(kVhlTracked, base, base ? 3 : 1);
+        for (int c = 0; c < 6; ++c) {
+            const std::string n = std::to_string(c);
+            EXPECT_EQ(Kids(win->tvAvailEq, "node" + n), has[c] ? std::vector<std::string>{"BLANK" + n + ":"}
+                                                                : std::vector<std::string>{})
+                << base << "/" << c;
+        }
+        for (const auto& n : win->tvAvailEq.Nodes()) EXPECT_FALSE(n.Expanded) << n.Key;
+    }
     EXPECT_EQ(win->wValid[0], (std::vector<int16_t>{kClanLaser}));
-    EXPECT_EQ(Kids(win->tvAvailEq, "node0"), (std::vector<std::string>{"BLANK0:"}));
-    for (int c = 1; c < 6; ++c) EXPECT_TRUE(Kids(win->tvAvailEq, "node" + std::to_string(c)).empty()) << c;
+    EXPECT_TRUE(win->PButExpandAvail.Enabled());
+    EXPECT_TRUE(win->PButCollapseAvail.Enabled());
     EXPECT_TRUE(fake.ui.boxes.empty());
 }
 
@@ -143,20 +138,15 @@ TEST_F(TreesTest, ExpandAllOpensAndFillsEveryGroup) {
     EXPECT_EQ(e.tvAvailEq.Count(), 6 + 4 + 1 + 3 + 2 + 1);
 }
 
-TEST_F(TreesTest, NavalRowsAreOfferedToTheSuperHeavyTankAndNotToTracked) {
-    New(kVhlSuperHeavy, 0, 3);
-    win->tvAvailEq.SetExpanded("node1", true);
-    EXPECT_EQ(Kids(win->tvAvailEq, "node1"), (std::vector<std::string>{"w2:AC/5", "w7:Naval Gun"}));
-    Add(kNavalGun);
-    EXPECT_EQ(win->vhl->WeaponCount(), 1);
-
-    New(kVhlTracked, 0, 3);
-    win->tvAvailEq.SetExpanded("node1", true);
-    EXPECT_EQ(Kids(win->tvAvailEq, "node1"), (std::vector<std::string>{"w2:AC/5"}));
-    // And to the naval types.
-    New(kVhlSubmarine, 0, 1);
-    win->tvAvailEq.SetExpanded("node1", true);
-    EXPECT_EQ(Kids(win->tvAvailEq, "node1"), (std::vector<std::string>{"w2:AC/5", "w7:Naval Gun"}));
+TEST_F(TreesTest, NavalRowsAreOfferedToTheSuperHeavyTankAndNavalTypesOnly) {
+    const std::pair<int16_t, bool> types[] = {{kVhlSuperHeavy, true}, {kVhlTracked, false}, {kVhlSubmarine, true}};
+    for (auto [type, naval] : types) {
+        New(type, 0, 3);
+        win->tvAvailEq.SetExpanded("node1", true);
+        std::vector<std::string> want{"w2:AC/5"};
+        if (naval) want.push_back("w7:Naval Gun");
+        EXPECT_EQ(Kids(win->tvAvailEq, "node1"), want) << type;
+    }
 }
 
 TEST_F(TreesTest, ShowBoxesRemoveAGroupAtOnceAndRebuildOnSet) {
@@ -249,11 +239,6 @@ TEST_F(TreesTest, RemoveByItemKeyAndTheSmallestFreeNumberComesBack) {
     EXPECT_EQ(e.vhl->Items.back(), (VehicleItem{kMedLaser, 1, kLocUnallocated, kTrue}));
     EXPECT_EQ(Kids(e.tvSelectedEq, "loc-1").front(), "w0-1:Medium Laser (#1)");
 
-    // Removing the one item of a row leaves the others numbered as they were.
-    Add(kAC5);
-    Remove("w2-1");
-    EXPECT_EQ(e.vhl->WeaponCount(), 3);
-
     // Clear: everything goes, element 0 stays empty, and the next item
     // takes it.
     e.PButEquipment[2].DoClick();
@@ -312,15 +297,15 @@ TEST_F(TreesTest, ThePreferenceOpensTheSelectedGroups) {
     frmVhl& e = New(kVhlTracked, 0, 2, 40);
     Add(kMedLaser);
     Add(kAC5Ammo);
-    for (const auto* n : e.tvSelectedEq.Children("")) EXPECT_TRUE(n->Expanded) << n->Key;
+    EXPECT_TRUE(AllSelectedGroups(true));
     e.PButCollapseSel.DoClick();
-    for (const auto* n : e.tvSelectedEq.Children("")) EXPECT_FALSE(n->Expanded) << n->Key;
+    EXPECT_TRUE(AllSelectedGroups(false));
 
     gExpandSel = 0;
     Add(kMedLaser);
-    for (const auto* n : e.tvSelectedEq.Children("")) EXPECT_FALSE(n->Expanded) << n->Key;
+    EXPECT_TRUE(AllSelectedGroups(false));
     e.PButExpandSel.DoClick();
-    for (const auto* n : e.tvSelectedEq.Children("")) EXPECT_TRUE(n->Expanded) << n->Key;
+    EXPECT_TRUE(AllSelectedGroups(true));
 }
 
 // ---- The slot rule from the editor -------------------------------------------------
@@ -338,9 +323,8 @@ TEST_F(TreesTest, FullSlotsStillTakeMoreOfAMountedAmmunitionOrCargo) {
 
     Add(kMedLaser);
     ASSERT_EQ(fake.ui.boxes.size(), 1u);
-    EXPECT_EQ(fake.ui.LastBox().text, "You don't enough free item slots to add this item.");
-    EXPECT_EQ(fake.ui.LastBox().title, "Cannot add item");
-    EXPECT_EQ(fake.ui.LastBox().icon, MsgIcon::Information);
+    EXPECT_EQ(LastShown(fake.ui), (Shown{"Cannot add item", "You don't enough free item slots to add this item.",
+                                         MsgIcon::Information}));
     EXPECT_EQ(v.WeaponCount(), count);
     EXPECT_EQ(e.tvSelectedEq.Count(), nodes) << "a refusal leaves the tree alone";
 
