@@ -9,8 +9,10 @@
 #include "shell/frmMain.h"
 #include "support/AppFolder.h"
 #include "support/FakeUi.h"
+#include "vehicle/EditorTestSupport.h"
 
 using namespace bw;
+using namespace bw::test;
 
 namespace {
 
@@ -37,8 +39,8 @@ private:
 };
 
 struct MainFixture : ::testing::Test {
-    test::AppFolder app;
-    test::ScopedFakeUi fake;
+    AppFolder app;
+    ScopedFakeUi fake;
     int16_t savedOpenLast = gOpenLast;
     ~MainFixture() override {
         gOpenLast = savedOpenLast;
@@ -48,22 +50,12 @@ struct MainFixture : ::testing::Test {
 
 }  // namespace
 
-TEST_F(MainFixture, LoadSetsTitleCaptionAndHidesTheSpecialMenu) {
-    frmMain m;
-    m.Form_Load();
-    EXPECT_EQ(m.Window.Caption(), "The Brasswick Works 3.0 - ");
-    EXPECT_FALSE(m.mnuSpecial.Visible());
-    EXPECT_EQ(m.Top, 500);
-    EXPECT_EQ(m.wStartLeft, 1000);
-    EXPECT_EQ(m.wStartTop, 500 + 1185 + 120);
-    EXPECT_EQ(m.wStartCount, 0);
-}
-
-TEST_F(MainFixture, ParmFileRevealsTheSpecialMenuOnlyOnAnExactLine) {
+TEST_F(MainFixture, LoadSetsTitleAndTheSpecialMenuOnlyOnAnExactParmLine) {
     app.dir.Write("parm.txt", "Special Menu \r\n");
     {
         frmMain m;
         m.Form_Load();
+        EXPECT_EQ(m.Window.Caption(), "The Brasswick Works 3.0 - ");
         EXPECT_FALSE(m.mnuSpecial.Visible());
     }
     app.dir.Write("parm.txt", "ignore version\r\nspecial menu\r\n");
@@ -85,7 +77,9 @@ TEST_F(MainFixture, MenuCaptionsAreTheProgramsOwn) {
     EXPECT_FALSE(m.mnuSearch.Enabled());
     // The Dropship and Warship menus hold no items.
     for (auto& menu : m.Menus())
-        if (menu.menu == &m.mnuDropship || menu.menu == &m.mnuWarship) EXPECT_TRUE(menu.items.empty());
+        if (menu.menu == &m.mnuDropship || menu.menu == &m.mnuWarship) {
+            EXPECT_TRUE(menu.items.empty());
+        }
 }
 
 TEST_F(MainFixture, DropShipAndWarShipButtonsShowTheNotice) {
@@ -94,8 +88,8 @@ TEST_F(MainFixture, DropShipAndWarShipButtonsShowTheNotice) {
         fake.ui.boxes.clear();
         m.TBarMain_ButtonClick(key);
         ASSERT_EQ(fake.ui.boxes.size(), 1u) << key;
-        EXPECT_EQ(fake.ui.LastBox().title, "Not Implemented");
-        EXPECT_EQ(fake.ui.LastBox().text, "This feature is not yet implemented.");
+        EXPECT_EQ(LastShown(fake.ui),
+                  (Shown{"Not Implemented", "This feature is not yet implemented.", MsgIcon::None}));
     }
     fake.ui.boxes.clear();
     m.TBarMain_ButtonClick("butnewds");  // keys compare exactly
@@ -103,20 +97,8 @@ TEST_F(MainFixture, DropShipAndWarShipButtonsShowTheNotice) {
     EXPECT_TRUE(fake.ui.boxes.empty());
 }
 
-TEST_F(MainFixture, ShutdownAsksEveryEditorAndRefusesWhileOneStaysUnsaved) {
-    std::vector<std::string> log;
-    frmMain m;
-    FakeEditor first("frmVhl", false, true, &log);    // unsaved, answers to stay
-    FakeEditor second("frmFtr", false, false, &log);  // unsaved, lets go
-    gOpenLast = 0;
-    bool cancel = false;
-    m.Form_Unload(cancel);
-    EXPECT_TRUE(cancel);
-    // From the last loaded to the first: the second editor is asked first,
-    // and the first is still asked after the second went.
-    EXPECT_EQ(log, (std::vector<std::string>{"asked frmFtr", "asked frmVhl (stays)"}));
-}
-
+// From the last loaded to the first, every editor is asked, even after one
+// refused; the refusal cancels the shutdown.
 TEST_F(MainFixture, AnEditorThatRefusesDoesNotStopTheWalk) {
     std::vector<std::string> log;
     frmMain m;
@@ -187,6 +169,7 @@ TEST_F(MainFixture, NewWindowsCascadeAndRestartAtTheScreenEdge) {
     EXPECT_EQ(t2 - t1, 120);
     EXPECT_EQ(m.wStartCount, 2);
 
+    EXPECT_EQ(m.Top, 500);
     // Far down the cascade a window would pass the screen: it restarts at
     // the origin, and the origin moves only in the direction that overflowed.
     m.ScreenWidth = 30000;
