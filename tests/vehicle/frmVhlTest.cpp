@@ -179,6 +179,7 @@ TEST_F(EditorTest, TextCorrections) {
     } cases[] = {
         {kVhlTracked, true, "52", "5", 5},  // off the five-ton steps: back to the bottom
         {kVhlTracked, true, "0050", "50", 50},
+        {kVhlTracked, true, "15", "15", 15},
         {kVhlTracked, true, "400", "100", 100},
         {kVhlTracked, true, "heavy", "5", 5},
         {kVhlTracked, false, "x", "1", 1},
