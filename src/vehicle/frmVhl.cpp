@@ -70,6 +70,38 @@ frmVhl::frmVhl() {
         PButEquipment[i].Name = "PButEquipment(" + std::to_string(i) + ")";
         PButEquipment[i].SetCaption(eq[i]);
     }
+    const char* shows[6] = {"Energy", "Ballistic", "Missile", "Equipment", "Ammunition", "Artillery"};
+    for (int16_t i = 0; i < 6; ++i) CBoxShowType[i].SetCaption(shows[i]);
+    const std::pair<Control*, const char*> captions[] = {
+        {&PButCost, "Cost/Stats"},
+        {&PButShowStats, "Show Statistics"},
+        {&PButPrint, "&Print"},
+        {&PButSave, "&Save"},
+        {&PButClose, "&Close"},
+        {&PButAllocate, "&Allocate..."},
+        {&PButExpandAvail, "Expand All"},
+        {&PButExpandSel, "Expand All"},
+        {&PButCollapseAvail, "Collapse All"},
+        {&PButCollapseSel, "Collapse All"},
+        {&CBoxHasSecondTurret, "Secondary Turret"},
+        {&CBoxHasSponsonTurret, "Sponson Turrets"},
+        {&CBoxMastMount, "Mast Mount"},
+        {&CBoxTC, "Targeting Computer"},
+        {&CBoxBridgelayer, "Bridge Layer"},
+        {&CBoxBulldozer, "Bulldozer Blade"},
+        {&CBoxMinesweeper, "Minesweeper"},
+        {&CBoxAmphibEquip, "Amphibious Equipment"},
+        {&CBoxDuneBuggy, "Dune Buggy"},
+        {&CBoxSnowmobileEquip, "Snowmobile Equipment"},
+        {&CBoxCoolantSystem, "Coolant System"},
+        {&CBoxMASHUnit, "MASH Unit"},
+        {&CBoxMobileHQ, "Mobile HQ"},
+        {&CBoxJJs, "Jump Jets"},
+        {&CBoxSupercharger, "Supercharger"},
+    };
+    for (const auto& [control, caption] : captions) control->SetCaption(caption);
+    // Printing arrives with the record sheets.
+    PButPrint.SetEnabled(false);
     LControlDesc[0].SetCaption("Control Equipment");
     LControlDesc[1].SetCaption("Power Amplifiers");
     LControlDesc[2].SetCaption("Lift Equipment");
@@ -452,6 +484,10 @@ void frmVhl::zSetUpBaseData() {
         for (int16_t loc = 0; loc <= 5; ++loc) scrlArmorLoc[loc].SetValue(0);
         scrlSpeed.SetValue(1);
         if (wLoading == 0) {
+            // The input may already stand at 1, which fires nothing: show the
+            // speeds the new design starts with all the same.
+            TCruise.SetText(std::to_string(scrlSpeed.Value()));
+            LFlank.SetCaption(std::to_string(v.FlankSpeed));
             v.SetEngineType(0);
             zUpdateArmor();
         }

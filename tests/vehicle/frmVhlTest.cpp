@@ -130,6 +130,11 @@ TEST_F(EditorTest, OfferByType) {
 TEST_F(EditorTest, NewDesignIsAnUnsavedRegisteredWindowWithASensibleRating) {
     New(kVhlTracked);
     EXPECT_EQ(win->vhl->EngineRating, 5);
+    // The speed input already stands at 1; its figures show all the same.
+    EXPECT_EQ(win->TCruise.Text(), "1");
+    EXPECT_EQ(win->LFlank.Caption(), "2");
+    EXPECT_EQ(win->PButSave.Caption(), "&Save");
+    EXPECT_FALSE(win->PButPrint.Enabled());
     ASSERT_EQ(gForms().size(), 1u);
     EXPECT_EQ(gForms()[0]->FormName(), "frmVhl");
 

@@ -236,13 +236,6 @@ VehicleEditor::VehicleEditor(std::unique_ptr<frmVhl> model, QWidget* parent)
     auto* flash = new QTimer(this);
     BindTimer(flash, m.Timer1);
     foot->addStretch(1);
-    m.PButCost.SetCaption("Cost/Stats");
-    m.PButShowStats.SetCaption("Show Statistics");
-    m.PButPrint.SetCaption("&Print");
-    m.PButSave.SetCaption("&Save");
-    m.PButClose.SetCaption("&Close");
-    // Printing arrives with the record sheets.
-    m.PButPrint.SetEnabled(false);
     m.PButCost.Click = [this] { ShowVehicleCost(*model_->vhl, this); };
     m.PButShowStats.Click = [this] { ShowVehicleStats(*model_->vhl, this); };
     for (CommandButton* b : {&m.PButCost, &m.PButShowStats, &m.PButPrint, &m.PButSave, &m.PButClose})
@@ -334,10 +327,6 @@ QWidget* VehicleEditor::GeneralTab() {
     sg->addWidget(Bound(m.cmboRotorArrangement, systems), 6, 1);
     sg->setColumnStretch(1, 1);
     sg->setRowStretch(7, 1);
-    m.CBoxHasSecondTurret.SetCaption("Secondary Turret");
-    m.CBoxHasSponsonTurret.SetCaption("Sponson Turrets");
-    m.CBoxMastMount.SetCaption("Mast Mount");
-    m.CBoxTC.SetCaption("Targeting Computer");
     grid->addWidget(systems, 0, 1, 2, 1);
 
     // Special equipment, which V.T.O.L.s do not carry.
@@ -348,7 +337,6 @@ QWidget* VehicleEditor::GeneralTab() {
     int row = 0;
     struct Opt {
         CheckBox& box;
-        const char* caption;
         QWidget* extra;
         Label& tons;
     };
@@ -356,20 +344,19 @@ QWidget* VehicleEditor::GeneralTab() {
     hq->setObjectName("scrlMobileHQ");
     BindScrollBar(hq, m.scrlMobileHQ);
     const Opt opts[] = {
-        {m.CBoxBridgelayer, "Bridge Layer", Bound(m.cmboBridgelayer, specials), m.LBridgeLayerTonnage},
-        {m.CBoxBulldozer, "Bulldozer Blade", nullptr, m.LBulldozerTonnage},
-        {m.CBoxMinesweeper, "Minesweeper", nullptr, m.LMinesweeperTonnage},
-        {m.CBoxAmphibEquip, "Amphibious Equipment", nullptr, m.LAmphibTonnage},
-        {m.CBoxDuneBuggy, "Dune Buggy", nullptr, m.LDuneBuggyTonnage},
-        {m.CBoxSnowmobileEquip, "Snowmobile Equipment", nullptr, m.LSnowmobileTonnage},
-        {m.CBoxCoolantSystem, "Coolant System", nullptr, m.LCoolantSystemTonnage},
-        {m.CBoxMASHUnit, "MASH Unit", LabelledUpDown(m.LMASHCount, m.scrlMASHUnits, specials), m.LMASHTonnage},
-        {m.CBoxMobileHQ, "Mobile HQ", hq, m.LMobileHQTonnage},
-        {m.CBoxJJs, "Jump Jets", LabelledUpDown(m.LJJs, m.scrlJJs, specials), m.LJumpJetTonnage},
-        {m.CBoxSupercharger, "Supercharger", nullptr, m.LSuperchargerTonnage},
+        {m.CBoxBridgelayer, Bound(m.cmboBridgelayer, specials), m.LBridgeLayerTonnage},
+        {m.CBoxBulldozer, nullptr, m.LBulldozerTonnage},
+        {m.CBoxMinesweeper, nullptr, m.LMinesweeperTonnage},
+        {m.CBoxAmphibEquip, nullptr, m.LAmphibTonnage},
+        {m.CBoxDuneBuggy, nullptr, m.LDuneBuggyTonnage},
+        {m.CBoxSnowmobileEquip, nullptr, m.LSnowmobileTonnage},
+        {m.CBoxCoolantSystem, nullptr, m.LCoolantSystemTonnage},
+        {m.CBoxMASHUnit, LabelledUpDown(m.LMASHCount, m.scrlMASHUnits, specials), m.LMASHTonnage},
+        {m.CBoxMobileHQ, hq, m.LMobileHQTonnage},
+        {m.CBoxJJs, LabelledUpDown(m.LJJs, m.scrlJJs, specials), m.LJumpJetTonnage},
+        {m.CBoxSupercharger, nullptr, m.LSuperchargerTonnage},
     };
     for (const Opt& o : opts) {
-        if (o.box.Caption().empty()) o.box.SetCaption(o.caption);
         OptionRow(pg, row++, o.box, o.extra, o.tons, specials);
     }
     pg->setColumnStretch(1, 1);
@@ -379,13 +366,9 @@ QWidget* VehicleEditor::GeneralTab() {
     // Weapons and equipment: what may be mounted, and what is.
     auto* equipment = new QGroupBox("Weapons and Equipment", page);
     auto* eq = new QGridLayout(equipment);
-    const char* classes[6] = {"Energy", "Ballistic", "Missile", "Equipment", "Ammunition", "Artillery"};
     auto* shows = new QHBoxLayout;
     shows->addWidget(Caption("Show", equipment));
-    for (size_t i = 0; i < 6; ++i) {
-        if (m.CBoxShowType[i].Caption().empty()) m.CBoxShowType[i].SetCaption(classes[i]);
-        shows->addWidget(Bound(m.CBoxShowType[i], equipment));
-    }
+    for (CheckBox& box : m.CBoxShowType) shows->addWidget(Bound(box, equipment));
     shows->addStretch(1);
     eq->addLayout(shows, 0, 0, 1, 3);
 
@@ -406,13 +389,10 @@ QWidget* VehicleEditor::GeneralTab() {
     mid->addStretch(1);
     for (auto& b : m.PButEquipment) mid->addWidget(Bound(b, equipment));
     mid->addSpacing(12);
-    m.PButAllocate.SetCaption("&Allocate...");
     mid->addWidget(Bound(m.PButAllocate, equipment));
     mid->addStretch(1);
     eq->addLayout(mid, 2, 1);
     auto treeButtons = [&](CommandButton& open, CommandButton& shut) {
-        open.SetCaption("Expand All");
-        shut.SetCaption("Collapse All");
         auto* row = new QHBoxLayout;
         row->addWidget(Bound(open, equipment));
         row->addWidget(Bound(shut, equipment));
