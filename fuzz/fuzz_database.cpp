@@ -8,7 +8,7 @@
 #include <unistd.h>
 
 #include "core/Globals.h"
-#include "database/DatabaseFuzz.h"
+#include "DatabaseFuzz.h"
 
 namespace {
 

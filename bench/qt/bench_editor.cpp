@@ -13,6 +13,7 @@
 #include "refdata/Weapons.h"
 #include "shell/frmMain.h"
 #include "shell/frmVOpen.h"
+#include "shell/qt/FormHost.h"
 #include "shell/qt/VehicleEditor.h"
 #include "vehicle/frmVhl.h"
 
@@ -53,11 +54,12 @@ struct Fixture {
     Fixture() {
         main.Form_Load();
         gVehicles.assign(1, Design60());
-        main.ShowVehiclePicker = [](frmVOpen& dlg) {
-            dlg.wSel = 0;
-            dlg.wCancel = 0;
-        };
-        main.ShowVehicleEditor = [this](std::unique_ptr<frmVhl> m) { editor = qt::zShowVehicleEditor(std::move(m)); };
+    }
+    // What Open Vehicle does once the picker has answered: an editor on a
+    // copy of the stored design, shown.
+    void Open() {
+        FormModel* m = zShowModeless(frmVhl::zOpenDesign(*gVehicles[0]), &main);
+        editor = qobject_cast<qt::VehicleEditor*>(qt::QtFormHost::Instance().WidgetOf(*m));
     }
     void Close() {
         if (!editor) return;
@@ -72,7 +74,7 @@ struct Fixture {
 void BM_OpenStoredDesignWith60Items(benchmark::State& state) {
     Fixture f;
     for (auto _ : state) {
-        f.main.zOpenVehicle();
+        f.Open();
         QApplication::processEvents();
         state.PauseTiming();
         f.Close();
@@ -83,7 +85,7 @@ BENCHMARK(BM_OpenStoredDesignWith60Items)->Unit(benchmark::kMillisecond);
 
 void BM_FillLargestWeaponGroup(benchmark::State& state) {
     Fixture f;
-    f.main.zOpenVehicle();
+    f.Open();
     frmVhl& m = f.editor->Model();
     size_t largest = 0;
     for (size_t c = 1; c < m.wValid.size(); ++c)
@@ -103,7 +105,7 @@ BENCHMARK(BM_FillLargestWeaponGroup)->Unit(benchmark::kMillisecond);
 
 void BM_AddThenRemoveAnItem(benchmark::State& state) {
     Fixture f;
-    f.main.zOpenVehicle();
+    f.Open();
     frmVhl& m = f.editor->Model();
     const int16_t row = m.wValid[0].front();
     m.tvAvailEq.SetExpanded("node0", true);
@@ -125,7 +127,7 @@ BENCHMARK(BM_AddThenRemoveAnItem)->Unit(benchmark::kMillisecond);
 
 void BM_TonnageStep(benchmark::State& state) {
     Fixture f;
-    f.main.zOpenVehicle();
+    f.Open();
     frmVhl& m = f.editor->Model();
     bool down = true;
     for (auto _ : state) {
@@ -139,7 +141,7 @@ BENCHMARK(BM_TonnageStep)->Unit(benchmark::kMillisecond);
 
 void BM_ArmorInput(benchmark::State& state) {
     Fixture f;
-    f.main.zOpenVehicle();
+    f.Open();
     frmVhl& m = f.editor->Model();
     m.scrlArmorTonnage.SetValue(20);
     int16_t v = 0;
@@ -156,6 +158,7 @@ BENCHMARK(BM_ArmorInput)->Unit(benchmark::kMillisecond);
 int main(int argc, char** argv) {
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication app(argc, argv);
+    qt::zInstallQtForms();
     SetAppPath(QCoreApplication::applicationDirPath().toStdString());
     if (!zLoadWeapons()) return 1;
     benchmark::Initialize(&argc, argv);

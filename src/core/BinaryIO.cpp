@@ -1,5 +1,6 @@
 #include "core/BinaryIO.h"
 
+#include <cerrno>
 #include <cstdio>
 #include <cstring>
 #include <fstream>
@@ -10,15 +11,11 @@
 
 #include "core/Errors.h"
 #include "core/Globals.h"
+#include "core/Helpers.h"
 
 namespace bw {
 
-BinaryReader BinaryReader::FromFile(const std::string& path) {
-    std::ifstream in(zNormalizePath(path), std::ios::binary);
-    if (!in) zRaise(kErrFileNotFound);
-    std::string bytes((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
-    return BinaryReader(std::move(bytes));
-}
+BinaryReader BinaryReader::FromFile(const std::string& path) { return BinaryReader(zReadWholeFile(path)); }
 
 void BinaryReader::Seek(size_t pos) {
     if (pos > data_.size()) zRaise(kErrInputPastEnd);
@@ -115,32 +112,87 @@ std::string zTrim(const std::string& s) {
     return s.substr(b, e - b + 1);
 }
 
-void zWriteFileAtomic(const std::string& path, const std::string& bytes, const std::string& tempName) {
-    const std::string target = zNormalizePath(path);
-    std::string folder = ".";
-    size_t slash = target.rfind('/');
-    if (slash != std::string::npos) folder = slash == 0 ? "/" : target.substr(0, slash);
-    const std::string temp = tempName.empty() ? target + ".tmp" : zJoinPath(folder, tempName);
+namespace {
 
+// Writes and flushes the temporary; false when it cannot be opened, so the
+// caller may try another folder. A failed write raises 75.
+bool WriteTemp(const std::string& temp, const std::string& bytes) {
     int fd = ::open(temp.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0644);
-    if (fd < 0) zRaise(kErrPathFileAccess);
+    if (fd < 0) return false;
     size_t done = 0;
-    while (done < bytes.size()) {
-        ssize_t w = ::write(fd, bytes.data() + done, bytes.size() - done);
-        if (w <= 0) {
-            ::close(fd);
+    bool good = true;
+    while (good && done < bytes.size()) {
+        const ssize_t w = ::write(fd, bytes.data() + done, bytes.size() - done);
+        if (w <= 0) good = false;
+        else done += static_cast<size_t>(w);
+    }
+    good = ::fsync(fd) == 0 && good;
+    good = ::close(fd) == 0 && good;
+    if (!good) {
+        ::unlink(temp.c_str());
+        zRaise(kErrPathFileAccess);
+    }
+    return true;
+}
+
+std::string FolderOfPath(const std::string& target) {
+    const size_t slash = target.rfind('/');
+    if (slash == std::string::npos) return ".";
+    return slash == 0 ? "/" : target.substr(0, slash);
+}
+
+}  // namespace
+
+std::string zReadWholeFile(const std::string& path) {
+    std::FILE* f = std::fopen(zNormalizePath(path).c_str(), "rb");
+    if (!f) zRaise(kErrFileNotFound);
+    std::string bytes;
+    long size = -1;
+    if (std::fseek(f, 0, SEEK_END) == 0) size = std::ftell(f);
+    std::rewind(f);
+    // Straight into the string when the size is known; then whatever more
+    // the file turns out to hold.
+    if (size > 0) {
+        bytes.resize(static_cast<size_t>(size));
+        bytes.resize(std::fread(bytes.data(), 1, bytes.size(), f));
+    }
+    char buf[1 << 16];
+    size_t n;
+    while ((n = std::fread(buf, 1, sizeof buf, f)) > 0) bytes.append(buf, n);
+    const bool failed = std::ferror(f) != 0;
+    std::fclose(f);
+    if (failed) zRaise(kErrPathFileAccess);
+    return bytes;
+}
+
+void zWriteFileAtomic(const std::string& path, const std::string& bytes, const std::string& tempName,
+                      const std::string& tempFolder) {
+    const std::string target = zNormalizePath(path);
+    const std::string folder = FolderOfPath(target);
+    const std::string name = tempName.empty() ? zGetFileFromPath(target) + ".tmp" : tempName;
+    std::string temp;
+    // The preferred folder first; a folder that cannot take the temporary,
+    // or a rename across file systems, falls back to the target's own.
+    if (!tempFolder.empty()) {
+        temp = zJoinPath(zNormalizePath(tempFolder), name);
+        if (!WriteTemp(temp, bytes)) {
+            temp.clear();
+        } else if (std::rename(temp.c_str(), target.c_str()) != 0) {
+            const int err = errno;
+            ::unlink(temp.c_str());
+            if (err != EXDEV) zRaise(kErrPathFileAccess);
+            temp.clear();
+        } else {
+            temp = "done";
+        }
+    }
+    if (temp != "done") {
+        temp = zJoinPath(folder, name);
+        if (!WriteTemp(temp, bytes)) zRaise(kErrPathFileAccess);
+        if (std::rename(temp.c_str(), target.c_str()) != 0) {
             ::unlink(temp.c_str());
             zRaise(kErrPathFileAccess);
         }
-        done += static_cast<size_t>(w);
-    }
-    if (::fsync(fd) != 0 || ::close(fd) != 0) {
-        ::unlink(temp.c_str());
-        zRaise(kErrPathFileAccess);
-    }
-    if (std::rename(temp.c_str(), target.c_str()) != 0) {
-        ::unlink(temp.c_str());
-        zRaise(kErrPathFileAccess);
     }
     // Make the rename itself durable.
     int dfd = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY);

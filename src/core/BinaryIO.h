@@ -66,10 +66,18 @@ private:
     std::string data_;
 };
 
-// Write bytes to path atomically: a sibling temporary is written and flushed
-// to disk, then renamed over path. Raises 75 on failure; the old file is
-// untouched unless the rename succeeded.
-void zWriteFileAtomic(const std::string& path, const std::string& bytes, const std::string& tempName = {});
+// The whole file in one read. Raises 53 when it cannot be opened, 75 when
+// the read fails.
+std::string zReadWholeFile(const std::string& path);
+
+// Writes bytes to path atomically: a temporary (tempName, or the file's
+// name with ".tmp") is written and flushed to disk, then renamed over path,
+// so the old file is replaced in one step and never deleted first. The
+// temporary goes in tempFolder when one is given and it can take it (a
+// rename cannot cross file systems), otherwise beside path. Raises 75 on
+// failure; the old file is untouched unless the rename succeeded.
+void zWriteFileAtomic(const std::string& path, const std::string& bytes, const std::string& tempName = {},
+                      const std::string& tempFolder = {});
 
 // Strip blanks at both ends.
 std::string zTrim(const std::string& s);

@@ -49,6 +49,9 @@ public:
     // Unsubscribe.
     int Subscribe(Observer fn);
     void Unsubscribe(int id);
+    // Expires when the control goes: a watcher that may outlive it (a
+    // window closing after its model) checks it before unsubscribing.
+    std::weak_ptr<const void> Lifetime() const { return lifetime_; }
 
     std::function<void()> GotFocus;
     std::function<void()> LostFocus;
@@ -69,6 +72,7 @@ private:
     int32_t backColor_ = -1;
     std::vector<std::pair<int, Observer>> observers_;
     int nextId_ = 1;
+    std::shared_ptr<const void> lifetime_ = std::make_shared<int>(0);
 };
 
 // Gathers the change notices of many edits (filling a tree or a list) into

@@ -14,8 +14,6 @@
 #include "core/Helpers.h"
 #include "core/Settings.h"
 #include "core/Ui.h"
-#include "refdata/DiagramTables.h"
-#include "refdata/Weapons.h"
 
 namespace bw {
 
@@ -158,7 +156,9 @@ StartResult Main(IStartupHost& host) {
     gSplashDone = 0;
 
     // The version gate: a failed step ends the run unless "Ignore Version".
-    for (bool (*step)() : {&zLoadWeapons, &zLoadArmor, &zLoadInternal, &zCheckFiles})
+    std::vector<bool (*)()> steps = host.ReferenceLoaders();
+    steps.push_back(&zCheckFiles);
+    for (bool (*step)() : steps)
         if (!step() && !zHasParm("Ignore Version")) return StartResult::Ended;
 
     host.LoadPictures();

@@ -5,6 +5,7 @@
 
 #include <ctime>
 #include <string>
+#include <vector>
 
 #include "core/Progress.h"
 
@@ -33,6 +34,9 @@ public:
     virtual void UnloadSplash() = 0;
     virtual void ShowMainWindow() = 0;
     virtual void OpenDatabase(const std::string& path) = 0;  // frmMain.zOpenDatabase
+    // The reference loaders, in order (the weapon table, the armor and the
+    // internal structure tables); the art check follows them.
+    virtual std::vector<bool (*)()> ReferenceLoaders() = 0;
 };
 
 // Ended: a failed step ended the process (no "Ignore Version"), or the log

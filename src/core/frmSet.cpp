@@ -64,7 +64,6 @@ void frmSet::Form_Load() {
     Pick(cmboDefFTRBase, Stored("Fighter", "Base", 0));
     Pick(cmboDefFTRLevel, static_cast<int16_t>(Stored("Fighter", "Level", 1) - 1));
     for (int i = 0; i < 4; ++i) pnlColor[i] = StoredColour(kColourKeys[i], kColourDefaults[i]);
-    wUnloaded = false;
 }
 
 void frmSet::PButOK_Click() {
@@ -96,9 +95,9 @@ void frmSet::PButOK_Click() {
     gDeActiveEdit = pnlColor[kDeActiveEdit];
     gActiveText = pnlColor[kActiveText];
     gDeActiveText = pnlColor[kDeActiveText];
-    wUnloaded = true;
+    Unload();
 }
 
-void frmSet::PButCancel_Click() { wUnloaded = true; }
+void frmSet::PButCancel_Click() { Unload(); }
 
 }  // namespace bw

@@ -6,10 +6,14 @@
 #include <string>
 #include <vector>
 
+#include "core/Forms.h"
+
 namespace bw {
 
-class frmSet {
+class frmSet : public FormModel {
 public:
+    frmSet() : FormModel("frmSet") { Window.SetCaption("Preferences"); }
+
     // A drop-down list: its lines and the chosen position (-1 none).
     struct Combo {
         std::vector<std::string> List;
@@ -29,11 +33,9 @@ public:
     enum { kActiveEdit, kDeActiveEdit, kActiveText, kDeActiveText };
     int32_t pnlColor[4] = {16777215, 16777215, 0, 0};
 
-    bool wUnloaded = false;
-
     // Fills the lists and shows the stored values (absent keys show their
     // defaults; an unreadable value shows the default too).
-    void Form_Load();
+    void Form_Load() override;
     // Stores every key, brings the program's settings up to date (the
     // database to open at start-up excepted) and closes.
     void PButOK_Click();

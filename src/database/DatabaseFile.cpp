@@ -342,24 +342,24 @@ bool ReadTable(BinaryReader& r, std::vector<std::shared_ptr<T>>& table, Load loa
 
 }  // namespace
 
-bool Vehicle::SaveData(BinaryWriter& wFile) {
+bool SaveData(Vehicle& v, BinaryWriter& wFile) {
     return zTrap("Vehicle.SaveData", false, [&] {
-        zCompactItems();
-        zWriteVehicleRecord(wFile, *this);
+        v.zCompactItems();
+        zWriteVehicleRecord(wFile, v);
         return true;
     });
 }
 
-bool Vehicle::LoadData(BinaryReader& wFile) { return zLoadVehicleReported(wFile, *this) == 0; }
+bool LoadData(Vehicle& v, BinaryReader& wFile) { return zLoadVehicleReported(wFile, v) == 0; }
 
-bool Fighter::SaveData(BinaryWriter& wFile) const {
+bool SaveData(const Fighter& f, BinaryWriter& wFile) {
     return zTrap("Fighter.SaveData", false, [&] {
-        zWriteFighterRecord(wFile, *this);
+        zWriteFighterRecord(wFile, f);
         return true;
     });
 }
 
-bool Fighter::LoadData(BinaryReader& wFile) { return zLoadFighterReported(wFile, *this) == 0; }
+bool LoadData(Fighter& f, BinaryReader& wFile) { return zLoadFighterReported(wFile, f) == 0; }
 
 int32_t zLoadVehicleReported(BinaryReader& r, Vehicle& v) {
     return LoadReported([&] { zReadVehicleRecord(r, v); });

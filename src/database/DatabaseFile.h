@@ -41,9 +41,16 @@ std::string zReadDesignName(BinaryReader& r);
 // left raises input past end (62) before anything is allocated.
 int16_t zReadItemCount(BinaryReader& r, size_t itemBytes);
 
+// A design's record, at the writer's end or from the reader's position into
+// a fresh object; false after a run-time error, which has been reported.
+// Saving a vehicle compacts its item list first, so no hole is ever stored.
+bool SaveData(Vehicle& v, BinaryWriter& wFile);
+bool LoadData(Vehicle& v, BinaryReader& wFile);
+bool SaveData(const Fighter& f, BinaryWriter& wFile);
+bool LoadData(Fighter& f, BinaryReader& wFile);
+
 // The strict record readers and writers: they raise the run-time error and
-// report nothing. Vehicle::LoadData/SaveData and Fighter::LoadData/SaveData
-// wrap them in the reporter.
+// report nothing. SaveData and LoadData wrap them in the reporter.
 void zReadVehicleRecord(BinaryReader& r, Vehicle& v);
 void zWriteVehicleRecord(BinaryWriter& w, const Vehicle& v);
 void zReadFighterRecord(BinaryReader& r, Fighter& f);

@@ -23,8 +23,6 @@ std::vector<std::shared_ptr<Vehicle>> gVehicles{std::make_shared<Vehicle>()};
 std::vector<std::shared_ptr<Fighter>> gFighters{std::make_shared<Fighter>()};
 std::string gDatabasePath;
 
-std::function<void(const std::string&)> gSetMainCaption;
-std::function<int16_t(DesignKind, const std::string&, const std::string&)> gPickDesign;
 
 namespace {
 
@@ -53,79 +51,8 @@ std::string FindIgnoringCase(const std::string& path) {
     }
 }
 
-// The whole file in one read: a database is read through from start to end
-// anyway, and this keeps an open within a small multiple of a plain read.
-BinaryReader ReadWholeFile(const std::string& path) {
-    std::FILE* f = std::fopen(path.c_str(), "rb");
-    if (!f) zRaise(kErrFileNotFound);
-    std::string bytes;
-    long size = -1;
-    if (std::fseek(f, 0, SEEK_END) == 0) size = std::ftell(f);
-    std::rewind(f);
-    // Straight into the string when the size is known; then whatever more
-    // the file turns out to hold.
-    if (size > 0) {
-        bytes.resize(static_cast<size_t>(size));
-        bytes.resize(std::fread(bytes.data(), 1, bytes.size(), f));
-    }
-    char buf[1 << 16];
-    size_t n;
-    while ((n = std::fread(buf, 1, sizeof buf, f)) > 0) bytes.append(buf, n);
-    const bool failed = std::ferror(f) != 0;
-    std::fclose(f);
-    if (failed) zRaise(kErrPathFileAccess);
-    return BinaryReader(std::move(bytes));
-}
-
-void SetCaptionWithPath() {
-    if (gSetMainCaption) gSetMainCaption(zAppTitle() + " - " + gDatabasePath);
-}
-
 bool SamePath(const std::string& a, const std::string& b) {
     return zLower(zNormalizePath(a)) == zLower(zNormalizePath(b));
-}
-
-// Writes the whole file through "tempdb.bwd" in the program's folder, flushed
-// to disk, then renamed over the database: the old file is replaced in one
-// step and never deleted first. A rename cannot cross file systems, and the
-// program's folder may not be writable; in either case the temporary is
-// written beside the database instead.
-void WriteThroughTemp(const std::string& target, const std::string& bytes) {
-    const std::string temp = zAppFile(kTempName);
-    const std::string dest = zNormalizePath(target);
-    int fd = ::open(temp.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0644);
-    if (fd < 0) {
-        zWriteFileAtomic(dest, bytes, kTempName);
-        return;
-    }
-    size_t done = 0;
-    bool good = true;
-    while (good && done < bytes.size()) {
-        const ssize_t w = ::write(fd, bytes.data() + done, bytes.size() - done);
-        if (w <= 0) good = false;
-        else done += static_cast<size_t>(w);
-    }
-    good = ::fsync(fd) == 0 && good;
-    good = ::close(fd) == 0 && good;
-    if (!good) {
-        ::unlink(temp.c_str());
-        zRaise(kErrPathFileAccess);
-    }
-    if (std::rename(temp.c_str(), dest.c_str()) != 0) {
-        const int err = errno;
-        ::unlink(temp.c_str());
-        if (err == EXDEV) {
-            zWriteFileAtomic(dest, bytes, kTempName);
-            return;
-        }
-        zRaise(kErrPathFileAccess);
-    }
-    const std::string folder = FolderOf(dest);
-    int dfd = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY);
-    if (dfd >= 0) {
-        ::fsync(dfd);
-        ::close(dfd);
-    }
 }
 
 template <class T>
@@ -155,61 +82,6 @@ int16_t TableCountField(const std::vector<std::shared_ptr<T>>& table) {
     return zI16(static_cast<int64_t>(table.size()) - 1);
 }
 
-const char* VehicleTypeWord(int16_t t) {
-    static const char* const words[] = {"tracked vehicle", "wheeled vehicle", "hovercraft", "V.T.O.L.",
-                                        "hydrofoil",       "ship",            "submarine",  "super heavy tank"};
-    return t >= 0 && t < 8 ? words[t] : "";
-}
-
-const char* FighterTypeWord(int16_t t) {
-    static const char* const words[] = {"conventional fighter", "aerospace fighter", "omni-fighter"};
-    return t >= 0 && t < 3 ? words[t] : "";
-}
-
-// The overwrite question; true when the user agrees.
-bool AskOverwrite(int16_t techBase, const char* typeWord, const std::string& name) {
-    // The two blanks after "already" are the program's own.
-    const std::string text = std::string("There is already ") + (techBase == 0 ? " an Inner Sphere " : " a Clan ") +
-                             typeWord + " named " + name + " in this database, would you like to overwrite it?";
-    return zMsgBox(text, MsgButtons::YesNo, MsgIcon::Question, "Overwrite?") == MsgResult::Yes;
-}
-
-template <class T, class TypeOf>
-void SaveDesign(std::vector<std::shared_ptr<T>>& table, const std::shared_ptr<T>& d, bool& ok, TypeOf typeOf,
-                const char* (*typeWord)(int16_t)) {
-    ok = false;
-    size_t match = table.size();
-    for (size_t i = 0; i < table.size(); ++i) {
-        const auto& e = table[i];
-        if (e && !e->Name.empty() && e->Name == d->Name && e->TechBase == d->TechBase && typeOf(*e) == typeOf(*d)) {
-            match = i;
-            break;
-        }
-    }
-    if (match < table.size()) {
-        if (!AskOverwrite(d->TechBase, typeWord(typeOf(*d)), d->Name)) return;
-        table[match] = d;
-    } else if (IsBlank(table)) {
-        if (table.empty()) table.push_back(d);
-        else table[0] = d;
-    } else {
-        table.push_back(d);
-    }
-    zSaveDatabase();
-    ok = true;
-}
-
-template <class T>
-void DeleteDesign(std::vector<std::shared_ptr<T>>& table, DesignKind kind, const std::string& caption,
-                  const std::string& question, const std::string& lead) {
-    const int16_t sel = gPickDesign ? gPickDesign(kind, caption, "&Delete") : -1;
-    if (sel < 0 || static_cast<size_t>(sel) >= table.size() || !table[static_cast<size_t>(sel)]) return;
-    T& d = *table[static_cast<size_t>(sel)];
-    if (zMsgBox(lead + d.Name + "?", MsgButtons::YesNo, MsgIcon::Question, question) != MsgResult::Yes) return;
-    d.Name.clear();
-    zSaveDatabase();
-}
-
 }  // namespace
 
 std::string zAppTitle() {
@@ -231,7 +103,7 @@ void zOpenDatabase(const std::string& path) {
         if (path.empty()) return;
         const std::string found = FindIgnoringCase(path);
         if (found.empty()) return;
-        BinaryReader r = ReadWholeFile(found);
+        BinaryReader r(zReadWholeFile(found));
         // A file too short to hold the string is simply not certified.
         const std::string cert = r.Size() >= kDbCertificationLen ? r.FixedTrimmed(kDbCertificationLen) : std::string();
         if (cert != kDbCertification) {
@@ -271,7 +143,6 @@ void zOpenDatabase(const std::string& path) {
             return;
         }
         gDatabasePath = found;
-        SetCaptionWithPath();
         zPointerNormal();
         waiting = false;
     });
@@ -298,7 +169,7 @@ void zSaveDatabase() {
         w.I16(nv);
         for (int i = 0; i <= nv; ++i) {
             Vehicle& v = *gVehicles[static_cast<size_t>(i)];
-            if (!v.SaveData(w)) {
+            if (!SaveData(v, w)) {
                 zMsgBox("There was an error while writing the data on the vehicle named " + v.Name +
                             ". Data was not saved.",
                         MsgButtons::OK, MsgIcon::Critical, "Error while writing");
@@ -310,46 +181,64 @@ void zSaveDatabase() {
         w.I16(nf);
         for (int i = 0; i <= nf; ++i) {
             const Fighter& f = *gFighters[static_cast<size_t>(i)];
-            if (!f.SaveData(w)) {
+            if (!SaveData(f, w)) {
                 zMsgBox("There was an error while writing the data on the fighter named " + f.Name +
                             ". Data was not saved.",
                         MsgButtons::OK, MsgIcon::Critical, "Error while writing");
                 return;
             }
         }
-        WriteThroughTemp(gDatabasePath, w.Data());
+        zWriteFileAtomic(gDatabasePath, w.Data(), kTempName, gAppPath);
     });
 }
 
-void zSaveVehicle(const std::shared_ptr<Vehicle>& v, bool& ok) {
-    ok = false;
-    if (!v) return;
-    zTrapVoid("zSaveVehicle", [&] {
-        SaveDesign(gVehicles, v, ok, [](const Vehicle& x) { return x.VhlType; }, VehicleTypeWord);
-    });
+namespace {
+
+template <class T, class TypeOf>
+int16_t FindDesign(const std::vector<std::shared_ptr<T>>& table, const T& d, TypeOf typeOf) {
+    for (size_t i = 0; i < table.size(); ++i) {
+        const auto& e = table[i];
+        if (e && !e->Name.empty() && e->Name == d.Name && e->TechBase == d.TechBase && typeOf(*e) == typeOf(d))
+            return zI16(static_cast<int64_t>(i));
+    }
+    return -1;
 }
 
-void zSaveFighter(const std::shared_ptr<Fighter>& f, bool& ok) {
-    ok = false;
-    if (!f) return;
-    zTrapVoid("zSaveFighter", [&] {
-        SaveDesign(gFighters, f, ok, [](const Fighter& x) { return x.FighterType; }, FighterTypeWord);
-    });
+template <class T>
+void StoreDesign(std::vector<std::shared_ptr<T>>& table, const std::shared_ptr<T>& d, int16_t index) {
+    if (index >= 0 && static_cast<size_t>(index) < table.size()) {
+        table[static_cast<size_t>(index)] = d;
+    } else if (IsBlank(table)) {
+        if (table.empty()) table.push_back(d);
+        else table[0] = d;
+    } else {
+        table.push_back(d);
+    }
+    zSaveDatabase();
 }
 
-void zDeleteVehicle() {
-    zTrapVoid("zDeleteVehicle", [&] {
-        DeleteDesign(gVehicles, DesignKind::Vehicle, "Delete Vehicle", "Delete Vehicle?",
-                     "Are you sure you want to delete the vehicle named ");
-    });
+template <class T>
+bool DropDesign(std::vector<std::shared_ptr<T>>& table, int16_t index) {
+    if (index < 0 || static_cast<size_t>(index) >= table.size() || !table[static_cast<size_t>(index)]) return false;
+    table[static_cast<size_t>(index)]->Name.clear();
+    zSaveDatabase();
+    return true;
 }
 
-void zDeleteFighter() {
-    zTrapVoid("zDeleteFighter", [&] {
-        DeleteDesign(gFighters, DesignKind::Fighter, "Delete Fighter", "Delete Fighter?",
-                     "Are you sure you want to delete the fighter named ");
-    });
+}  // namespace
+
+int16_t zFindVehicle(const Vehicle& v) {
+    return FindDesign(gVehicles, v, [](const Vehicle& x) { return x.VhlType; });
 }
+int16_t zFindFighter(const Fighter& f) {
+    return FindDesign(gFighters, f, [](const Fighter& x) { return x.FighterType; });
+}
+void zStoreVehicle(const std::shared_ptr<Vehicle>& v, int16_t index) { StoreDesign(gVehicles, v, index); }
+void zStoreFighter(const std::shared_ptr<Fighter>& f, int16_t index) { StoreDesign(gFighters, f, index); }
+bool zDropVehicle(int16_t index) { return DropDesign(gVehicles, index); }
+bool zDropFighter(int16_t index) { return DropDesign(gFighters, index); }
+bool zNoVehicles() { return IsBlank(gVehicles); }
+bool zNoFighters() { return IsBlank(gFighters); }
 
 void zNewDB() {
     zTrapVoid("zNewDB", [&] {
@@ -364,33 +253,8 @@ void zNewDB() {
         std::error_code ec;
         std::filesystem::remove(zNormalizePath(name), ec);
         gDatabasePath = zNormalizePath(name);
-        SetCaptionWithPath();
         gVehicles.assign(1, std::make_shared<Vehicle>());
         gFighters.assign(1, std::make_shared<Fighter>());
-    });
-}
-
-int16_t zPickVehicleToOpen() {
-    return zTrap<int16_t>("zOpenVehicle", -1, [&]() -> int16_t {
-        if (IsBlank(gVehicles)) {
-            zMsgBox("There are no vehicles within this database.", MsgButtons::OK, MsgIcon::Information,
-                    "No Vehicles");
-            return -1;
-        }
-        const int16_t sel = gPickDesign ? gPickDesign(DesignKind::Vehicle, "Open Vehicle", "&Open") : -1;
-        return sel >= 0 && static_cast<size_t>(sel) < gVehicles.size() ? sel : -1;
-    });
-}
-
-int16_t zPickFighterToOpen() {
-    return zTrap<int16_t>("zOpenFighter", -1, [&]() -> int16_t {
-        if (IsBlank(gFighters)) {
-            zMsgBox("There are no fighters within this database.", MsgButtons::OK, MsgIcon::Information,
-                    "No Fighters");
-            return -1;
-        }
-        const int16_t sel = gPickDesign ? gPickDesign(DesignKind::Fighter, "Open Fighter", "&Open") : -1;
-        return sel >= 0 && static_cast<size_t>(sel) < gFighters.size() ? sel : -1;
     });
 }
 

@@ -1,10 +1,9 @@
-// The open database: the two design tables, its path, and the operations
-// of the main window that create, open and save it and add, replace and
-// delete designs. The main window forwards its members to these.
+// The open database: the two design tables, its path, and the file
+// operations on them. What needs the user (picking a design, the overwrite
+// and delete questions, the window title) belongs to the main window.
 #pragma once
 
 #include <cstdint>
-#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -22,16 +21,6 @@ extern std::vector<std::shared_ptr<Fighter>> gFighters;
 // Full path of the open database; empty when none is open.
 extern std::string gDatabasePath;
 
-enum class DesignKind { Vehicle, Fighter };
-
-// Hooks the main window sets. The caption hook receives the whole caption.
-// The picker hook shows the vehicle or fighter picker modally with the given
-// caption and action button (and puts them back afterwards); it returns the
-// index of the picked design in its table, or -1. Unset hooks do nothing and
-// pick nothing.
-extern std::function<void(const std::string& caption)> gSetMainCaption;
-extern std::function<int16_t(DesignKind kind, const std::string& caption, const std::string& action)> gPickDesign;
-
 // "The Brasswick Works 3.0"
 std::string zAppTitle();
 
@@ -40,20 +29,23 @@ void zResetDatabase();
 
 void zOpenDatabase(const std::string& path);
 void zSaveDatabase();
-// Add or replace one design, then save; ok is false when the user declined
-// to overwrite a design of the same name, type and base.
-void zSaveVehicle(const std::shared_ptr<Vehicle>& v, bool& ok);
-void zSaveFighter(const std::shared_ptr<Fighter>& f, bool& ok);
-void zDeleteVehicle();
-void zDeleteFighter();
 void zNewDB();
 void zCompactVHLArray();
 void zCompactFTRArray();
 
-// The pick of the open commands: refuses with "No Vehicles"/"No Fighters"
-// when the table is blank, otherwise shows the picker; the index of the
-// picked design or -1. The editors open a copy of that design.
-int16_t zPickVehicleToOpen();
-int16_t zPickFighterToOpen();
+// The table index of the design of the same name, type and tech base, or -1.
+int16_t zFindVehicle(const Vehicle& v);
+int16_t zFindFighter(const Fighter& f);
+// Puts the design at index (a valid index replaces that entry; otherwise it
+// fills a blank table or is appended), then saves the database.
+void zStoreVehicle(const std::shared_ptr<Vehicle>& v, int16_t index);
+void zStoreFighter(const std::shared_ptr<Fighter>& f, int16_t index);
+// Blanks the name of the design at index (the save leaves it out), then
+// saves; false for an index with no design.
+bool zDropVehicle(int16_t index);
+bool zDropFighter(int16_t index);
+// True when the table holds no design.
+bool zNoVehicles();
+bool zNoFighters();
 
 }  // namespace bw

@@ -52,8 +52,8 @@ int32_t zDamageColor(int32_t value) {
     return 0x0000FF;
 }
 
-frmCost::frmCost() {
-    Caption.SetCaption("Battle Stats and Cost");
+frmCost::frmCost() : FormModel("frmCost") {
+    Window.SetCaption("Battle Stats and Cost");
     SetColumns(lvParts, "Item");
     SetColumns(lvWeapons, "Item");
     SetColumns(lvAmmo, "Item");
@@ -66,12 +66,6 @@ frmCost::frmCost() {
     fraDamage.SetCaption("Maximum Damage by Range");
     PButDone.SetCaption("&Done");
     PButDone.Click = [this] { Unload(); };
-}
-
-void frmCost::Unload() {
-    if (!wShown) return;
-    wShown = false;
-    if (Unloaded) Unloaded();
 }
 
 void frmCost::zSetUpForVehicle() {

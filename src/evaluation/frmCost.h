@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "core/Controls.h"
+#include "core/Forms.h"
 
 namespace bw {
 
@@ -40,14 +41,9 @@ struct DamageShape {
     bool Visible = false;
 };
 
-class frmCost {
+class frmCost : public FormModel {
 public:
     frmCost();
-    frmCost(const frmCost&) = delete;
-    frmCost& operator=(const frmCost&) = delete;
-
-    // Window title.
-    Label Caption{"frmCost"};
 
     // Price lists: item and cost.
     ListView lvParts{"lvParts"};
@@ -93,15 +89,8 @@ public:
     // Empties the lists, figures and chart.
     void zClear();
 
-    bool Visible() const { return wShown; }
-    void Show() { wShown = true; }
-    void Unload();
-    std::function<void()> Unloaded;
     // Observers of the chart (the bars are not controls of their own).
     std::function<void()> ChartChanged;
-
-private:
-    bool wShown = false;
 };
 
 // The reports, each trapping its own errors: on a run-time error the report

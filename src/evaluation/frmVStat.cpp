@@ -17,17 +17,11 @@ std::string Num(int32_t v) { return std::to_string(v); }
 
 }  // namespace
 
-frmVStat::frmVStat() {
-    Caption.SetCaption("Vehicle Statistics");
+frmVStat::frmVStat() : FormModel("frmVStat") {
+    Window.SetCaption("Vehicle Statistics");
     TStats.Locked = true;
     PButDone.SetCaption("&Done");
     PButDone.Click = [this] { Unload(); };
-}
-
-void frmVStat::Unload() {
-    if (!wShown) return;
-    wShown = false;
-    if (Unloaded) Unloaded();
 }
 
 void frmVStat::zAddText(const std::string& text) { wText += text; }

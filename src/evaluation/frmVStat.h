@@ -6,18 +6,16 @@
 #include <string>
 
 #include "core/Controls.h"
+#include "core/Forms.h"
 
 namespace bw {
 
 class Vehicle;
 
-class frmVStat {
+class frmVStat : public FormModel {
 public:
     frmVStat();
-    frmVStat(const frmVStat&) = delete;
-    frmVStat& operator=(const frmVStat&) = delete;
 
-    Label Caption{"frmVStat"};
     TextBox TStats{"TStats"};  // multi-line, locked
     CommandButton PButDone{"PButDone"};
 
@@ -28,20 +26,14 @@ public:
     // CalcIndividualItems, which leaves NumItems without the engine, armor
     // and option slots until the design's next CalcItemCount; that is left
     // to the editor's next change on purpose.
-    void Form_Load();
+    void Form_Load() override;
 
     void zAddText(const std::string& text);
     void zIndentLine();
     void zNewLine();
 
-    bool Visible() const { return wShown; }
-    void Show() { wShown = true; }
-    void Unload();
-    std::function<void()> Unloaded;
-
 private:
     std::string wText;
-    bool wShown = false;
 };
 
 // The report of a design, as Form_Load writes it (with the same side effect

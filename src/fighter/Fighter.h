@@ -1,7 +1,7 @@
 // The fighter design as plain data: every field in its declared order, the
 // live weapon list and the six OmniFighter configurations. The construction
 // rules that fill these fields live with the fighter editor; the database
-// reads and writes the record field by field (database/FighterFile.cpp).
+// owns the file record (database/DatabaseFile.cpp).
 #pragma once
 
 #include <array>
@@ -11,8 +11,6 @@
 
 namespace bw {
 
-class BinaryReader;
-class BinaryWriter;
 class frmFtr;
 
 // One selected weapon or piece of equipment: six 16-bit fields, 12 bytes in
@@ -96,13 +94,6 @@ public:
     std::array<double, kOmniConfigs> OmniTCTonnage{};
     std::array<double, kOmniConfigs> OmniTotalTonnage{};
     std::array<double, kOmniConfigs> OmniFreeTonnage{};
-
-    // Append the record at the writer's end; false after a run-time error,
-    // which has been reported.
-    bool SaveData(BinaryWriter& wFile) const;
-    // Read the record from the reader's position into this fresh object;
-    // false after a run-time error, which has been reported.
-    bool LoadData(BinaryReader& wFile);
 };
 
 }  // namespace bw

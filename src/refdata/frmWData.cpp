@@ -62,12 +62,9 @@ std::string zWpnTonnageText(double tons) {
 
 std::string zWpnCostText(int32_t cost) { return cost == -1 ? "0" : Num(cost); }
 
-frmWData::frmWData() { PButDone.Click = [this] { Unload(); }; }
-
-void frmWData::Unload() {
-    if (!wShown) return;
-    wShown = false;
-    if (Unloaded) Unloaded();
+frmWData::frmWData() : FormModel("frmWData") {
+    PButDone.SetCaption("&Done");
+    PButDone.Click = [this] { Unload(); };
 }
 
 bool frmWData::zGetWpnData(int32_t i) {
@@ -79,7 +76,7 @@ bool frmWData::zGetWpnData(int32_t i) {
         const std::string shortText = zWpnShortRangeText(w.ShortRange);
         const std::string medText = zWpnMedRangeText(w.ShortRange, w.MedRange);
         const std::string longText = zWpnLongRangeText(w.MedRange, w.LongRange, w.RangeUnit);
-        Caption = w.Name;
+        Window.SetCaption(w.Name);
         LName.SetCaption(w.Name);
         LType.SetCaption(zWeaponCategoryName(w.Type));
         LLevel.SetCaption(Num(w.Level));

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "core/Controls.h"
+#include "core/Forms.h"
 
 namespace bw {
 
@@ -30,14 +31,11 @@ std::string zWpnCostText(int32_t cost);
 
 // The window: opened by a double click on a row in an editor's trees, shows
 // that row, and closes on PButDone.
-class frmWData {
+// The window's title is the row's name.
+class frmWData : public FormModel {
 public:
     frmWData();
-    frmWData(const frmWData&) = delete;
-    frmWData& operator=(const frmWData&) = delete;
 
-    // The window's title: the row's name.
-    std::string Caption;
     Label LName{"LName"};
     Label LType{"LType"};
     Label LLevel{"LLevel"};
@@ -58,14 +56,6 @@ public:
     // outside the table (subscript error) or a band that overflows.
     bool zGetWpnData(int32_t i);
 
-    bool Visible() const { return wShown; }
-    void Show() { wShown = true; }
-    // Closes the window; the toolkit's dialog listens through Unloaded.
-    void Unload();
-    std::function<void()> Unloaded;
-
-private:
-    bool wShown = false;
 };
 
 }  // namespace bw

@@ -19,7 +19,7 @@ void DesignPicker::Wire(ListView& list, std::function<void()> open) {
     PButOpen.Click = [this] { open_(); };
     PButCancel.Click = [this] {
         wCancel = kTrue;
-        Visible = false;
+        Hide();
     };
     Form_Resize();
 }
@@ -42,7 +42,7 @@ void DesignPicker::OpenSelected(const ListView& list) {
     if (!row || row->Key.size() < 2) return;
     wSel = zI16(std::stoll(row->Key.substr(1)));
     wCancel = kFalse;
-    Visible = false;
+    Hide();
 }
 
 }  // namespace bw

@@ -11,13 +11,12 @@
 
 #include "core/Controls.h"
 #include "core/Errors.h"
+#include "core/Forms.h"
 
 namespace bw {
 
-class DesignPicker {
+class DesignPicker : public FormModel {
 public:
-    std::string Caption;
-    bool Visible = false;
     // Size in twips; Form_Resize keeps the minimum and lays out the list.
     int32_t Width = 6000, Height = 2895;
     int32_t lvWidth = 0, lvHeight = 0, ButtonTop = 0;
@@ -31,9 +30,13 @@ public:
     int16_t wSel = -1;
 
     void Form_Resize();
+    // The picker's own list view (lvVHLs, lvFTRs).
+    virtual ListView& List() = 0;
 
 protected:
-    explicit DesignPicker(std::string caption) : Caption(std::move(caption)) {}
+    DesignPicker(std::string name, const std::string& caption) : FormModel(std::move(name)) {
+        Window.SetCaption(caption);
+    }
     // Called from the picker's constructor body, once its list view exists.
     void Wire(ListView& list, std::function<void()> open);
     void Activate(ListView& list);
@@ -64,19 +67,15 @@ private:
 
 // Shows a picker modally with the given caption and action button, puts
 // them back to the picker's own caption and "&Open" afterwards, and returns
-// the index of the picked design or -1. showModal activates the dialog and
-// returns once it is hidden.
+// the index of the picked design or -1.
 template <class Picker>
-int16_t zShowPicker(const std::string& caption, const std::string& action,
-                    const std::function<void(Picker&)>& showModal) {
+int16_t zShowPicker(const std::string& caption, const std::string& action) {
     Picker dlg;
-    const std::string ownCaption = dlg.Caption;
-    dlg.Caption = caption;
+    const std::string ownCaption = dlg.Window.Caption();
+    dlg.Window.SetCaption(caption);
     dlg.PButOpen.SetCaption(action);
-    dlg.Visible = true;
-    if (showModal) showModal(dlg);
-    dlg.Visible = false;
-    dlg.Caption = ownCaption;
+    zShowModal(dlg);
+    dlg.Window.SetCaption(ownCaption);
     dlg.PButOpen.SetCaption("&Open");
     return dlg.wCancel ? int16_t{-1} : dlg.wSel;
 }

@@ -7,21 +7,17 @@ namespace bw {
 
 class frmFOpen : public DesignPicker {
 public:
-    frmFOpen() : DesignPicker("Open Fighter") { Wire(lvFTRs, [this] { zOpenFTR(); }); }
+    frmFOpen() : DesignPicker("frmFOpen", "Open Fighter") { Wire(lvFTRs, [this] { zOpenFTR(); }); }
 
     ListView lvFTRs{"lvFTRs"};
+    ListView& List() override { return lvFTRs; }
 
-    void Form_Activate() {
+    void Form_Activate() override {
         zLoadData();
         Activate(lvFTRs);
     }
     void zLoadData();
     void zOpenFTR() { OpenSelected(lvFTRs); }
 };
-
-inline int16_t zShowFOpen(const std::string& caption, const std::string& action,
-                          const std::function<void(frmFOpen&)>& showModal) {
-    return zShowPicker<frmFOpen>(caption, action, showModal);
-}
 
 }  // namespace bw

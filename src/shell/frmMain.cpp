@@ -11,6 +11,12 @@
 #include "vehicle/Vehicle.h"
 #include "vehicle/frmNVhl.h"
 #include "vehicle/frmVhl.h"
+#include "core/EditorParts.h"
+#include "core/frmSet.h"
+#include "evaluation/frmCost.h"
+#include "evaluation/frmVStat.h"
+#include "fighter/Fighter.h"
+#include "shell/frmAbout.h"
 
 namespace bw {
 
@@ -22,7 +28,7 @@ void SetMenu(MenuItem& m, const char* caption, bool enabled = true, bool visible
 }
 }  // namespace
 
-frmMain::frmMain() {
+frmMain::frmMain() : FormModel("frmMain") {
     SetMenu(mnuFile, "&File");
     SetMenu(mnuFileNew, "&New Database");
     SetMenu(mnuFileOpne, "&Open Database");
@@ -61,39 +67,57 @@ frmMain::frmMain() {
     SetMenu(mnuSpecialArmorArrayCreator, "Display Armor Array Creator", false);
 
     TBarMain = {
-        {"butVHLNew", "New Vehicle", true},   {"butVHLOpen", "Open Vehicle", true},
-        {"butVHLDel", "Delete Vehicle", true},  {"butNewFtr", "New Fighter", false},
-        {"butOpenFtr", "Open Fighter", false}, {"butDelFtr", "Delete Fighter", false},
-        {"butNewDS", "New DropShip", true},   {"butOpenDS", "Open DropShip", true},
-        {"butDelDS", "Delete DropShip", true}, {"butNewWar", "New WarShip", true},
-        {"butOpenWar", "Open WarShip", true},  {"butDelWar", "Delete WarShip", true},
+        {"butVHLNew", "New Vehicle", true, "vehicle", "new"},
+        {"butVHLOpen", "Open Vehicle", true, "vehicle", "open"},
+        {"butVHLDel", "Delete Vehicle", true, "vehicle", "delete"},
+        {"butNewFtr", "New Fighter", false, "fighter", "new"},
+        {"butOpenFtr", "Open Fighter", false, "fighter", "open"},
+        {"butDelFtr", "Delete Fighter", false, "fighter", "delete"},
+        {"butNewDS", "New DropShip", true, "dropship", "new"},
+        {"butOpenDS", "Open DropShip", true, "dropship", "open"},
+        {"butDelDS", "Delete DropShip", true, "dropship", "delete"},
+        {"butNewWar", "New WarShip", true, "warship", "new"},
+        {"butOpenWar", "Open WarShip", true, "warship", "open"},
+        {"butDelWar", "Delete WarShip", true, "warship", "delete"},
     };
 
-    mnuFileNew.Click = [this] { zTrapVoid("mnuFileNew_Click", [] { zNewDB(); }); };
+    mnuFileNew.Click = [this] { mnuFileNew_Click(); };
     mnuFileOpne.Click = [this] { mnuFileOpne_Click(); };
     mnuVhlNew.Click = [this] { zNewVehicle(); };
     mnuVhlOpen.Click = [this] { zOpenVehicle(); };
     mnuVHlDel.Click = [this] { zDeleteVehicle(); };
     // Exit only asks the main window to unload; the walk decides.
-    mnuFileExit.Click = [this] { RequestUnload(); };
+    mnuFileExit.Click = [this] { Unload(); };
     mnuSettings.Click = [this] {
-        if (ShowSettings) ShowSettings();
+        frmSet dlg;
+        zShowModal(dlg);
     };
     mnuAboutBW.Click = [this] {
-        if (ShowAbout) ShowAbout();
+        frmAbout dlg;
+        zShowModal(dlg);
     };
 
     PBarMainProg.SetVisible(false);
     LProgInfo.SetVisible(false);
-    RegisterForm(this);
+    // The editors' report windows sit above the designs; the main window
+    // knows both and makes them.
+    RegisterFormFactory("frmCost", [](FormModel& owner) -> std::unique_ptr<FormModel> {
+        auto* editor = dynamic_cast<frmVhl*>(&owner);
+        if (!editor || !editor->vhl) return nullptr;
+        auto form = std::make_unique<frmCost>();
+        zFillVehicleCost(*editor->vhl, *form);
+        return form;
+    });
+    RegisterFormFactory("frmVStat", [](FormModel& owner) -> std::unique_ptr<FormModel> {
+        auto* editor = dynamic_cast<frmVhl*>(&owner);
+        if (!editor || !editor->vhl) return nullptr;
+        auto form = std::make_unique<frmVStat>();
+        form->vhl = editor->vhl.get();
+        return form;
+    });
 }
 
-frmMain::~frmMain() {
-    UnregisterForm(this);
-    SetMainProgressHook({});
-    gSetMainCaption = nullptr;
-    gPickDesign = nullptr;
-}
+frmMain::~frmMain() { SetMainProgressHook({}); }
 
 std::vector<frmMain::Menu> frmMain::Menus() {
     return {
@@ -103,8 +127,8 @@ std::vector<frmMain::Menu> frmMain::Menus() {
          {&mnuFIghterNew, &mnuFighterOpen, &mnuFighterDel, nullptr, &mnuFighterMultiPrint, &mnuFighterPrintBSpace}},
         {&mnuDropship, {}},
         {&mnuWarship, {}},
-        {&mnuSettings, {}},
-        {&mnuSearch, {}},
+        {&mnuSettings, {}, false},
+        {&mnuSearch, {}, false},
         {&mnuAbout, {&mnuAboutBW}},
         {&mnuSpecial,
          {&mnuSpecialImport, &mnuSpecialWriteData, &mnuSpecialNavalWeapons, &mnuSpecialNavalItems,
@@ -113,16 +137,17 @@ std::vector<frmMain::Menu> frmMain::Menus() {
     };
 }
 
-void frmMain::RefreshCaption() { Window.SetCaption(zAppTitle() + " - " + gDatabasePath); }
+void frmMain::RefreshCaption() {
+    Window.SetCaption(zAppTitle() + " - " + gDatabasePath);
+    LDatabase.SetCaption(gDatabasePath.empty()
+                             ? "No database open. Use File > New Database or File > Open Database."
+                             : "Database: " + gDatabasePath);
+}
 
 void frmMain::Form_Load() {
     Top = 500;
     Left = 500;
     Height = 1185;
-    gSetMainCaption = [this](const std::string& caption) { Window.SetCaption(caption); };
-    gPickDesign = [this](DesignKind kind, const std::string& caption, const std::string& action) {
-        return zPickDesign(kind, caption, action);
-    };
     zResetDatabase();
     RefreshCaption();
     wStartLeft = Left + 500;
@@ -186,7 +211,15 @@ void frmMain::TBarMain_ButtonClick(const std::string& key) {
     });
 }
 
-void frmMain::zOpenDatabase(const std::string& path) { bw::zOpenDatabase(path); }
+void frmMain::zOpenDatabase(const std::string& path) {
+    bw::zOpenDatabase(path);
+    RefreshCaption();
+}
+
+void frmMain::mnuFileNew_Click() {
+    zTrapVoid("mnuFileNew_Click", [] { zNewDB(); });
+    RefreshCaption();
+}
 
 void frmMain::mnuFileOpne_Click() {
     zTrapVoid("mnuFileOpne_Click", [&] {
@@ -197,33 +230,21 @@ void frmMain::mnuFileOpne_Click() {
 
 // ---- Vehicle commands -------------------------------------------------------
 
+void frmMain::zShowEditor(std::unique_ptr<frmVhl> editor) { zShowModeless(std::move(editor), this); }
+
 void frmMain::zNewVehicle() {
     bool waiting = false;
     zTrapVoid("zNewVehicle", [&] {
         frmNVhl dlg;
-        dlg.Form_Load();
-        dlg.Visible = true;
-        if (ShowNewVehicle) ShowNewVehicle(dlg);
-        dlg.Visible = false;
+        zShowModal(dlg);
         if (dlg.wCancel != 0) return;
 
         zPointerWait();
         waiting = true;
-        auto v = std::make_shared<Vehicle>();
-        auto editor = std::make_unique<frmVhl>();
-        editor->vhl = v;
-        v->frm = editor.get();
-        editor->Form_Load();
-        v->SetTechBase(dlg.TechBase());
-        v->SetTechLevel(dlg.TechLevel());
-        v->SetType(dlg.VhlType());
-        // Every new design starts as five tons at one movement point.
-        v->SetTonnage(5);
-        v->SetCruiseSpeed(1);
+        auto editor = frmVhl::zNewDesign(dlg.TechBase(), dlg.TechLevel(), dlg.VhlType());
         zSetStartPos(editor->Left, editor->Top, editor->Width, editor->Height);
-        editor->zSetUpBaseData();
         editor->SSTab1_Click(0);
-        if (ShowVehicleEditor) ShowVehicleEditor(std::move(editor));
+        zShowEditor(std::move(editor));
         zPointerNormal();
         waiting = false;
     });
@@ -238,43 +259,130 @@ void frmMain::zOpenVehicle() {
 
         zPointerWait();
         waiting = true;
-        // The editor works on its own copy: the table keeps its object until
-        // a save hands the copy over.
-        auto v = std::make_shared<Vehicle>(*gVehicles[static_cast<size_t>(sel)]);
-        auto editor = std::make_unique<frmVhl>();
-        editor->vhl = v;
-        v->frm = editor.get();
-        editor->Form_Load();
-        editor->wLoading = kTrue;
+        auto editor = frmVhl::zOpenDesign(*gVehicles[static_cast<size_t>(sel)]);
         zSetStartPos(editor->Left, editor->Top, editor->Width, editor->Height);
-        editor->zSetUpBaseData();
-        editor->zShowStoredDesign();
-        editor->wLoading = kFalse;
-        editor->zSetSaved(kTrue);
         editor->SSTab1_Click(0);
-        if (ShowVehicleEditor) ShowVehicleEditor(std::move(editor));
+        zShowEditor(std::move(editor));
         zPointerNormal();
         waiting = false;
     });
     if (waiting) zPointerNormal();
 }
 
-void frmMain::zDeleteVehicle() { zTrapVoid("zDeleteVehicle", [] { bw::zDeleteVehicle(); }); }
+namespace {
 
-int16_t frmMain::zPickDesign(DesignKind kind, const std::string& caption, const std::string& action) {
-    return zTrap<int16_t>("zPickDesign", -1, [&]() -> int16_t {
-        if (kind == DesignKind::Vehicle) return zShowPicker<frmVOpen>(caption, action, ShowVehiclePicker);
-        return zShowPicker<frmFOpen>(caption, action, ShowFighterPicker);
+const char* VehicleTypeWord(int16_t t) {
+    static const char* const words[] = {"tracked vehicle", "wheeled vehicle", "hovercraft", "V.T.O.L.",
+                                        "hydrofoil",       "ship",            "submarine",  "super heavy tank"};
+    return t >= 0 && t < 8 ? words[t] : "";
+}
+
+const char* FighterTypeWord(int16_t t) {
+    static const char* const words[] = {"conventional fighter", "aerospace fighter", "omni-fighter"};
+    return t >= 0 && t < 3 ? words[t] : "";
+}
+
+// The overwrite question; true when the user agrees.
+bool AskOverwrite(int16_t techBase, const char* typeWord, const std::string& name) {
+    // The two blanks after "already" are the program's own.
+    const std::string text = std::string("There is already ") + (techBase == 0 ? " an Inner Sphere " : " a Clan ") +
+                             typeWord + " named " + name + " in this database, would you like to overwrite it?";
+    return zMsgBox(text, MsgButtons::YesNo, MsgIcon::Question, "Overwrite?") == MsgResult::Yes;
+}
+
+bool AskDelete(const std::string& question, const std::string& lead, const std::string& name) {
+    return zMsgBox(lead + name + "?", MsgButtons::YesNo, MsgIcon::Question, question) == MsgResult::Yes;
+}
+
+}  // namespace
+
+void frmMain::zSaveVehicle(const std::shared_ptr<Vehicle>& v, bool& ok) {
+    ok = false;
+    if (!v) return;
+    zTrapVoid("zSaveVehicle", [&] {
+        const int16_t match = zFindVehicle(*v);
+        if (match >= 0 && !AskOverwrite(v->TechBase, VehicleTypeWord(v->VhlType), v->Name)) return;
+        zStoreVehicle(v, match);
+        ok = true;
     });
 }
 
-void frmMain::RequestUnload() {
-    bool cancel = false;
-    Form_Unload(cancel);
-    if (!cancel && CloseWindow) CloseWindow();
+void frmMain::zSaveFighter(const std::shared_ptr<Fighter>& f, bool& ok) {
+    ok = false;
+    if (!f) return;
+    zTrapVoid("zSaveFighter", [&] {
+        const int16_t match = zFindFighter(*f);
+        if (match >= 0 && !AskOverwrite(f->TechBase, FighterTypeWord(f->FighterType), f->Name)) return;
+        zStoreFighter(f, match);
+        ok = true;
+    });
 }
 
-void frmMain::Form_Unload(bool& cancel) {
+bool frmMain::zSaveDesign(FormModel& editor) {
+    bool ok = false;
+    if (auto* v = dynamic_cast<frmVhl*>(&editor)) zSaveVehicle(v->vhl, ok);
+    return ok;
+}
+
+void frmMain::zDeleteVehicle() {
+    zTrapVoid("zDeleteVehicle", [&] {
+        const int16_t sel = zPickVehicle("Delete Vehicle", "&Delete");
+        if (sel < 0 || !gVehicles[static_cast<size_t>(sel)]) return;
+        if (!AskDelete("Delete Vehicle?", "Are you sure you want to delete the vehicle named ",
+                       gVehicles[static_cast<size_t>(sel)]->Name))
+            return;
+        zDropVehicle(sel);
+    });
+}
+
+void frmMain::zDeleteFighter() {
+    zTrapVoid("zDeleteFighter", [&] {
+        const int16_t sel = zPickFighter("Delete Fighter", "&Delete");
+        if (sel < 0 || !gFighters[static_cast<size_t>(sel)]) return;
+        if (!AskDelete("Delete Fighter?", "Are you sure you want to delete the fighter named ",
+                       gFighters[static_cast<size_t>(sel)]->Name))
+            return;
+        zDropFighter(sel);
+    });
+}
+
+int16_t frmMain::zPickVehicle(const std::string& caption, const std::string& action) {
+    return zTrap<int16_t>("zPickDesign", -1, [&]() -> int16_t {
+        const int16_t sel = zShowPicker<frmVOpen>(caption, action);
+        return sel >= 0 && static_cast<size_t>(sel) < gVehicles.size() ? sel : -1;
+    });
+}
+
+int16_t frmMain::zPickFighter(const std::string& caption, const std::string& action) {
+    return zTrap<int16_t>("zPickDesign", -1, [&]() -> int16_t {
+        const int16_t sel = zShowPicker<frmFOpen>(caption, action);
+        return sel >= 0 && static_cast<size_t>(sel) < gFighters.size() ? sel : -1;
+    });
+}
+
+int16_t frmMain::zPickVehicleToOpen() {
+    return zTrap<int16_t>("zOpenVehicle", -1, [&]() -> int16_t {
+        if (zNoVehicles()) {
+            zMsgBox("There are no vehicles within this database.", MsgButtons::OK, MsgIcon::Information,
+                    "No Vehicles");
+            return -1;
+        }
+        return zPickVehicle("Open Vehicle", "&Open");
+    });
+}
+
+int16_t frmMain::zPickFighterToOpen() {
+    return zTrap<int16_t>("zOpenFighter", -1, [&]() -> int16_t {
+        if (zNoFighters()) {
+            zMsgBox("There are no fighters within this database.", MsgButtons::OK, MsgIcon::Information,
+                    "No Fighters");
+            return -1;
+        }
+        return zPickFighter("Open Fighter", "&Open");
+    });
+}
+
+void frmMain::Form_QueryUnload(bool& cancel) {
     cancel = false;
     auto& forms = gForms();
     // Walk from the last loaded window to the first. An editor that unloads
@@ -283,15 +391,16 @@ void frmMain::Form_Unload(bool& cancel) {
     // walk goes on so every editor is asked.
     for (size_t n = forms.size(); n-- > 0;) {
         if (n >= forms.size()) continue;  // the window at this position has gone
-        IForm* f = forms[n];
+        FormModel* f = forms[n];
         if (f == this) continue;
         const std::string name = f->FormName();
-        if (name == "frmVhl" || name == "frmFtr") {
-            f->RequestUnload();
-            if (n < forms.size() && forms[n] == f && !f->IsSaved()) cancel = true;
-        } else {
-            f->RequestUnload();
-            if (n < forms.size() && forms[n] == f) UnregisterForm(f);
+        f->Unload();
+        if (n < forms.size() && forms[n] == f) {
+            if (name == "frmVhl" || name == "frmFtr") {
+                if (!f->IsSaved()) cancel = true;
+            } else {
+                std::erase(forms, f);
+            }
         }
     }
     zTrapVoid("Main.Unload", [] {

@@ -3,7 +3,6 @@
 #pragma once
 
 #include <cstdint>
-#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -14,22 +13,16 @@
 
 namespace bw {
 
-class frmNVhl;
 class frmVhl;
-class frmVOpen;
-class frmFOpen;
+class Vehicle;
+class Fighter;
 
-class frmMain : public IForm {
+class frmMain : public FormModel {
 public:
     frmMain();
     ~frmMain() override;
 
-    std::string FormName() const override { return "frmMain"; }
-    void RequestUnload() override;
-
-    // The window itself: its caption is the title bar, Left/Top/Height in
-    // twips place it.
-    Control Window{"frmMain"};
+    // Left/Top/Height in twips place the window.
     int32_t Left = 0, Top = 0, Width = 9600, Height = 1185;
 
     // File
@@ -53,17 +46,21 @@ public:
         mnuSpecialCreateInternal{"mnuSpecialCreateInternal"},
         mnuSpecialArmorArrayCreator{"mnuSpecialArmorArrayCreator"};
 
-    // A toolbar button of TBarMain: its key, tool tip, and group (a blank
-    // group starts a new cluster on the bar).
+    // A toolbar button of TBarMain: its key, tool tip, and the cluster of
+    // the bar it belongs to (vehicles, fighters, DropShips, WarShips).
     struct ToolButton {
         std::string Key;
         std::string ToolTip;
         bool Enabled;
+        std::string Kind;    // "vehicle", "fighter", "dropship", "warship"
+        std::string Action;  // "new", "open", "delete"
     };
     std::vector<ToolButton> TBarMain;
 
     ProgressBar PBarMainProg{"PBarMainProg"};
     Label LProgInfo{"LProgInfo"};
+    // The open database in words, beside the caption.
+    Label LDatabase{"LDatabase"};
 
     // The cascade origin for new windows (twips).
     int32_t wStartLeft = 0, wStartTop = 0, wStartCount = 0;
@@ -75,56 +72,61 @@ public:
     void zSetStartPos(int32_t& left, int32_t& top, int32_t width, int32_t height);
 
     // The menus in display order, each with its items (for the binding).
+    // A menu without items is a command of the bar itself, unless it is a
+    // submenu that has none yet (Dropship, Warship).
     struct Menu {
         MenuItem* menu;
         std::vector<MenuItem*> items;  // nullptr is a separator
+        bool submenu = true;
     };
     std::vector<Menu> Menus();
 
     // The load step: title, place, blank tables, caption, cascade origin,
     // the Special menu.
-    void Form_Load();
+    void Form_Load() override;
     // Toolbar dispatch by key, compared exactly.
     void TBarMain_ButtonClick(const std::string& key);
-    // The shutdown walk. Sets cancel when an editor stays unsaved.
-    void Form_Unload(bool& cancel);
+    // The shutdown walk: every editor is asked, from the last loaded. Sets
+    // cancel when an editor stays unsaved.
+    void Form_QueryUnload(bool& cancel) override;
 
-    // Forwarded to the open database.
+    // The open database, with the caption kept in step.
     void zOpenDatabase(const std::string& path);
     void mnuFileOpne_Click();
+    void mnuFileNew_Click();
 
     // Vehicle commands. New: the New Vehicle dialog, then an editor on a
     // fresh design. Open: an editor on a copy of a stored design, so that an
-    // abandoned edit leaves the table's entry alone. Delete: forwarded.
+    // abandoned edit leaves the table's entry alone. Delete: the picker,
+    // then the question.
     void zNewVehicle();
     void zOpenVehicle();
     void zDeleteVehicle();
-    // The picker behind gPickDesign (Form_Load installs it): shows frmVOpen
-    // or frmFOpen through the modal shows below; the picked index or -1.
-    int16_t zPickDesign(DesignKind kind, const std::string& caption, const std::string& action);
+    void zDeleteFighter();
+    // The save command of the editors: asks before overwriting a design of
+    // the same name, type and base, then stores and saves; ok is false when
+    // the user declined.
+    void zSaveVehicle(const std::shared_ptr<Vehicle>& v, bool& ok);
+    void zSaveFighter(const std::shared_ptr<Fighter>& f, bool& ok);
+    bool zSaveDesign(FormModel& editor) override;
+    // The pick of the open commands: refuses with "No Vehicles"/"No
+    // Fighters" when the table is blank, otherwise shows the picker; the
+    // index of the picked design or -1.
+    int16_t zPickVehicleToOpen();
+    int16_t zPickFighterToOpen();
+    // Shows frmVOpen or frmFOpen modal with the caption and action button;
+    // the picked index or -1.
+    int16_t zPickVehicle(const std::string& caption, const std::string& action);
+    int16_t zPickFighter(const std::string& caption, const std::string& action);
 
-    // What the window system does for the commands that show windows.
-    std::function<void()> ShowSettings;  // frmSet, modal
-    std::function<void()> ShowAbout;     // frmAbout, modal
-    // The New Vehicle dialog, modal: its Form_Load has run; returns once the
-    // dialog is hidden. Unset: nothing is shown and nothing is created.
-    std::function<void(frmNVhl&)> ShowNewVehicle;
-    // Takes a ready editor and shows it; the window owns it from then on.
-    // Unset: the editor goes away at once.
-    std::function<void(std::unique_ptr<frmVhl>)> ShowVehicleEditor;
-    // The pickers, modal: the show activates the dialog (Form_Activate) and
-    // returns once it is hidden. Unset: nothing is picked.
-    std::function<void(frmVOpen&)> ShowVehiclePicker;
-    std::function<void(frmFOpen&)> ShowFighterPicker;
-    // The main window goes away after a walk that nobody refused; the
-    // window system must not run Form_Unload again for it.
-    std::function<void()> CloseWindow;
-    // The last Form_Unload's answer, for the binding.
+    // The last shutdown walk's answer, for the binding.
     bool wUnloadCancelled = false;
 
 private:
     void Unimplemented();
     void RefreshCaption();
+    // Opens a ready editor: the cascade places it, the host owns and shows it.
+    void zShowEditor(std::unique_ptr<frmVhl> editor);
 };
 
 }  // namespace bw

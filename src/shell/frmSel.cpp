@@ -9,14 +9,14 @@ namespace {
 constexpr int16_t kKeyEnter = 13;
 }
 
-frmSel::frmSel() {
+frmSel::frmSel() : FormModel("frmSel") {
     PButDone.SetCaption("&Done");
     PButCancel.SetCaption("&Cancel");
     TSearch.Change = [this] { TSearch_Change(); };
     PButDone.Click = [this] { zPickSel(); };
     PButCancel.Click = [this] {
         wCancel = kTrue;
-        Visible = false;
+        Hide();
     };
     LBoxSel.DblClick = [this] { zPickSel(); };
     auto enter = [this](int16_t& key) {
@@ -42,7 +42,7 @@ void frmSel::zPickSel() {
     wSelText = LBoxSel.List(i);
     wSelData = LBoxSel.ItemData(i);
     wCancel = kFalse;
-    Visible = false;
+    Hide();
 }
 
 }  // namespace bw

@@ -5,15 +5,13 @@
 #include <string>
 
 #include "core/Controls.h"
+#include "core/Forms.h"
 
 namespace bw {
 
-class frmSel {
+class frmSel : public FormModel {
 public:
     frmSel();
-
-    std::string Caption;
-    bool Visible = false;
 
     ListBox LBoxSel{"LBoxSel"};
     TextBox TSearch{"TSearch"};

@@ -9,21 +9,17 @@ namespace bw {
 
 class frmVOpen : public DesignPicker {
 public:
-    frmVOpen() : DesignPicker("Open Vehicle") { Wire(lvVHLs, [this] { zOpenVHL(); }); }
+    frmVOpen() : DesignPicker("frmVOpen", "Open Vehicle") { Wire(lvVHLs, [this] { zOpenVHL(); }); }
 
     ListView lvVHLs{"lvVHLs"};
+    ListView& List() override { return lvVHLs; }
 
-    void Form_Activate() {
+    void Form_Activate() override {
         zLoadData();
         Activate(lvVHLs);
     }
     void zLoadData();
     void zOpenVHL() { OpenSelected(lvVHLs); }
 };
-
-inline int16_t zShowVOpen(const std::string& caption, const std::string& action,
-                          const std::function<void(frmVOpen&)>& showModal) {
-    return zShowPicker<frmVOpen>(caption, action, showModal);
-}
 
 }  // namespace bw

@@ -5,6 +5,7 @@
 #include <iterator>
 
 #include "core/Controls.h"
+#include "core/EditorParts.h"
 #include "core/Errors.h"
 #include "core/Helpers.h"
 #include "core/Ui.h"
@@ -771,7 +772,7 @@ void Vehicle::UpdateSelectedWeapons(TreeView& tv) const {
             if (it.wStatus != kTrue) continue;
             const auto found = std::find(std::begin(groups), std::end(groups), it.wLoc);
             if (found != std::end(groups)) current = static_cast<size_t>(found - std::begin(groups));
-            const std::string key = "w" + std::to_string(it.wType) + "-" + std::to_string(it.wNum);
+            const std::string key = zItemKey(it.wType, it.wNum);
             const std::string text = zWeaponRow(it.wType).Name + " (#" + std::to_string(it.wNum) + ")";
             children[current].emplace_back(key, text);
         }

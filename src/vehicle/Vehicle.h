@@ -13,8 +13,6 @@
 
 namespace bw {
 
-class BinaryReader;
-class BinaryWriter;
 class TreeView;
 
 // One mounted item, eight bytes in a file: four 16-bit fields.
@@ -194,11 +192,6 @@ public:
     // Keeps the used elements in their order; none used leaves one free
     // element.
     void zCompactItems();
-
-    // --- Storage (the database file) -------------------------------------
-    bool LoadData(BinaryReader& wFile);
-    // Compacts the item list first, so no hole is ever stored.
-    bool SaveData(BinaryWriter& wFile);
 
     // --- Mode ------------------------------------------------------------
     // For good: the design no longer writes to a window.

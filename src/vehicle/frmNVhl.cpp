@@ -10,12 +10,15 @@
 
 namespace bw {
 
-frmNVhl::frmNVhl() {
+frmNVhl::frmNVhl() : FormModel("frmNVhl") {
     cmboBase.Click = [this] { cmboBase_Click(); };
     PButCreate.Click = [this] { PButCreate_Click(); };
     PButCancel.Click = [this] { PButCancel_Click(); };
     PButCreate.Default = true;
     PButCancel.Cancel = true;
+    Window.SetCaption("New Vehicle");
+    PButCreate.SetCaption("&Create");
+    PButCancel.SetCaption("&Cancel");
 }
 
 void frmNVhl::Form_Load() {
@@ -76,12 +79,12 @@ void frmNVhl::PButCreate_Click() {
         }
     }
     wCancel = kFalse;
-    Visible = false;
+    Hide();
 }
 
 void frmNVhl::PButCancel_Click() {
     wCancel = kTrue;
-    Visible = false;
+    Hide();
 }
 
 }  // namespace bw

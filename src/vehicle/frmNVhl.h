@@ -6,10 +6,11 @@
 #include <cstdint>
 
 #include "core/Controls.h"
+#include "core/Forms.h"
 
 namespace bw {
 
-class frmNVhl {
+class frmNVhl : public FormModel {
 public:
     frmNVhl();
 
@@ -19,13 +20,11 @@ public:
     CommandButton PButCreate{"PButCreate"};
     CommandButton PButCancel{"PButCancel"};
 
-    // Shown while modal; hiding it ends the modal loop.
-    bool Visible = false;
     // Yes until Create accepts the choices.
     int16_t wCancel = -1;
 
     // Fills the lists and selects the defaults of the preferences.
-    void Form_Load();
+    void Form_Load() override;
     void zLoadDefaults();
     void cmboBase_Click();
     void PButCreate_Click();

@@ -28,7 +28,8 @@ std::string Num(double v) { return zSingleText(v); }
 
 }  // namespace
 
-frmVEQ::frmVEQ() {
+frmVEQ::frmVEQ() : FormModel("frmVEQ") {
+    Window.SetCaption("Equipment Allocation");
     for (int16_t i = 0; i < 8; ++i) {
         wLocLists[static_cast<size_t>(i)].Name = "LBoxLoc(" + std::to_string(i) + ")";
         wLocDescs[static_cast<size_t>(i)].Name = "LLocDesc(" + std::to_string(i) + ")";
@@ -141,11 +142,6 @@ void frmVEQ::zUpdateWeaponLocs() {
     });
 }
 
-void frmVEQ::Hide() {
-    Visible = false;
-    if (Unloaded) Unloaded();
-}
-
 bool frmVEQ::LBoxAvail_MouseDown() { return LBoxAvail.ListIndex() >= 0; }
 
 bool frmVEQ::LBoxLoc_DragOver(int16_t i, bool entering) {
@@ -224,14 +220,11 @@ void frmVEQ::PButDone_Click() {
     });
 }
 
-void zRunAllocation(frmVhl& editor, const std::function<void(frmVEQ&)>& showModal) {
+void zRunAllocation(frmVhl& editor) {
     zTrapVoid("PButAllocate_Click", [&] {
         frmVEQ w;
         w.vhl = editor.vhl;
-        w.Form_Load();
-        w.Visible = true;
-        if (showModal) showModal(w);
-        w.Visible = false;
+        zShowModal(w, &editor);
         if (!w.wDone) return;
         // The turrets and sponsons weigh what their weapons now say; the
         // refresh alone would keep the weights of the old places.

@@ -12,17 +12,16 @@
 #include <vector>
 
 #include "core/Controls.h"
+#include "core/Forms.h"
 #include "vehicle/Vehicle.h"
 
 namespace bw {
 
 class frmVhl;
 
-class frmVEQ {
+class frmVEQ : public FormModel {
 public:
     frmVEQ();
-    frmVEQ(const frmVEQ&) = delete;
-    frmVEQ& operator=(const frmVEQ&) = delete;
 
     std::shared_ptr<Vehicle> vhl;  // the editor's own design, not a copy
 
@@ -33,20 +32,14 @@ public:
     Label LSponsonLeftTonnage{"LSponsonLeftTonnage"}, LSponsonRightTonnage{"LSponsonRightTonnage"};
     CommandButton PButDone{"PButDone"};
 
-    // Shown while modal; hiding ends the modal loop.
-    bool Visible = false;
     // Set only when PButDone closed the window: the editor then refreshes.
     bool wDone = false;
     // The names that may go in a V.T.O.L.'s mast mount, by tech base.
     std::vector<std::string> wMastMount;
-    // The window system closes the real dialog when the model hides.
-    std::function<void()> Unloaded;
-
-    void Form_Load();
+    void Form_Load() override;
     void zReloadData();
     void zCheckSponsonTonnage();
     void zUpdateWeaponLocs();
-    void Hide();
 
     // A drag may start only with an entry selected.
     bool LBoxAvail_MouseDown();
@@ -75,8 +68,7 @@ private:
 };
 
 // What the editor's PButAllocate runs: a window on the editor's design,
-// loaded, shown by showModal (which returns when the window is hidden or
-// closed), and the editor refreshed when PButDone closed it.
-void zRunAllocation(frmVhl& editor, const std::function<void(frmVEQ&)>& showModal);
+// shown modal, and the editor refreshed when PButDone closed it.
+void zRunAllocation(frmVhl& editor);
 
 }  // namespace bw

@@ -11,8 +11,9 @@
 #include "core/Settings.h"
 #include "core/Ui.h"
 #include "core/Vocabulary.h"
-#include "database/DatabaseOps.h"
 #include "refdata/Weapons.h"
+#include "refdata/frmWData.h"
+#include "vehicle/frmVEQ.h"
 
 namespace bw {
 
@@ -38,24 +39,7 @@ bool StartsWith(const std::string& s, const char* p) { return s.rfind(p, 0) == 0
 
 }  // namespace
 
-void zCheckTextBox(TextBox& box, int16_t lower, int16_t upper, bool strip) {
-    std::string t = box.Text();
-    if (!zIsNumeric(t)) {
-        t = std::to_string(lower);
-    } else {
-        const double v = std::strtod(t.c_str(), nullptr);
-        if (v > upper) t = std::to_string(upper);
-        else if (v < lower) t = std::to_string(lower);
-    }
-    if (strip) {
-        while (!t.empty() && t[0] == '0') t.erase(0, 1);
-        if (t.empty() || (t[0] == '.' && t.find_first_not_of("0", 1) == std::string::npos))
-            t = std::to_string(lower);
-    }
-    box.SetText(t);
-}
-
-frmVhl::frmVhl() {
+frmVhl::frmVhl() : FormModel("frmVhl") {
     for (int16_t i = 0; i < 12; ++i) {
         scrlArmorLoc[i].Name = "scrlArmorLoc(" + std::to_string(i) + ")";
         TArmorLoc[i].Name = "TArmorLoc(" + std::to_string(i) + ")";
@@ -120,7 +104,6 @@ frmVhl::frmVhl() {
 }
 
 frmVhl::~frmVhl() {
-    UnregisterForm(this);
     if (vhl && vhl->frm == this) vhl->frm = nullptr;
 }
 
@@ -158,22 +141,16 @@ void frmVhl::zWireControls() {
     PButEquipment[1].Click = [this] { zRemoveWeapon(); };
     PButEquipment[2].Click = [this] { zClearWeapons(); };
     PButSave.Click = [this] { PButSave_Click(); };
-    PButClose.Click = [this] { RequestUnload(); };
+    PButClose.Click = [this] { Unload(); };
     PButAllocate.Click = [this] { PButAllocate_Click(); };
-    // Keys first: opening a group of the available tree fills it, which
-    // moves the nodes under the walk.
-    auto openAll = [](TreeView& tv, bool open) {
-        std::vector<std::string> keys;
-        for (const TreeView::Node* n : tv.Children("")) keys.push_back(n->Key);
-        zTrapVoid(open ? "PButExpand_Click" : "PButCollapse_Click", [&] {
-            for (const std::string& k : keys)
-                if (tv.Find(k)) tv.SetExpanded(k, open);
-        });
-    };
-    PButExpandAvail.Click = [this, openAll] { openAll(tvAvailEq, true); };
-    PButCollapseAvail.Click = [this, openAll] { openAll(tvAvailEq, false); };
-    PButExpandSel.Click = [this, openAll] { openAll(tvSelectedEq, true); };
-    PButCollapseSel.Click = [this, openAll] { openAll(tvSelectedEq, false); };
+    PButCost.Click = [this] { zOpenForm("frmCost", *this); };
+    PButShowStats.Click = [this] { zOpenForm("frmVStat", *this); };
+    tvAvailEq.DblClick = [this] { zShowWeaponData(tvAvailEq); };
+    tvSelectedEq.DblClick = [this] { zShowWeaponData(tvSelectedEq); };
+    PButExpandAvail.Click = [this] { zExpandAll(tvAvailEq, true); };
+    PButCollapseAvail.Click = [this] { zExpandAll(tvAvailEq, false); };
+    PButExpandSel.Click = [this] { zExpandAll(tvSelectedEq, true); };
+    PButCollapseSel.Click = [this] { zExpandAll(tvSelectedEq, false); };
 
     // The exclusions between options. The table is deliberately one-sided:
     // a bridge layer refuses a turret, a turret never refuses a bridge layer.
@@ -287,36 +264,47 @@ void frmVhl::zWireControls() {
 
 // ---- Window life ----------------------------------------------------------
 
-void frmVhl::Form_Load() {
-    Loaded = true;
-    RegisterForm(this);
-    std::vector<TextBox*> boxes{&TName, &TTonnage, &TCruise, &TAdditionalCrew};
-    for (TextBox& t : TArmorLoc) boxes.push_back(&t);
-    for (TextBox* t : boxes) {
-        t->SetBackColor(gDeActiveEdit);
-        t->SetForeColor(gDeActiveText);
-        auto lost = t->LostFocus;
-        t->GotFocus = [t] {
-            t->SetBackColor(gActiveEdit);
-            t->SetForeColor(gActiveText);
-        };
-        t->LostFocus = [t, lost] {
-            t->SetBackColor(gDeActiveEdit);
-            t->SetForeColor(gDeActiveText);
-            if (lost) lost();
-        };
-    }
+std::unique_ptr<frmVhl> frmVhl::zNewDesign(int16_t techBase, int16_t techLevel, int16_t vhlType) {
+    auto editor = std::make_unique<frmVhl>();
+    auto v = std::make_shared<Vehicle>();
+    editor->vhl = v;
+    v->frm = editor.get();
+    editor->Load();
+    v->SetTechBase(techBase);
+    v->SetTechLevel(techLevel);
+    v->SetType(vhlType);
+    // Every new design starts as five tons at one movement point.
+    v->SetTonnage(5);
+    v->SetCruiseSpeed(1);
+    editor->zSetUpBaseData();
+    return editor;
 }
 
-void frmVhl::RequestUnload() {
-    bool cancel = false;
-    Form_QueryUnload(cancel);
-    if (cancel) return;
+std::unique_ptr<frmVhl> frmVhl::zOpenDesign(const Vehicle& stored) {
+    // The editor works on its own copy: the table keeps its object until a
+    // save hands the copy over.
+    auto editor = std::make_unique<frmVhl>();
+    auto v = std::make_shared<Vehicle>(stored);
+    editor->vhl = v;
+    v->frm = editor.get();
+    editor->Load();
+    editor->wLoading = kTrue;
+    editor->zSetUpBaseData();
+    editor->zShowStoredDesign();
+    editor->wLoading = kFalse;
+    editor->zSetSaved(kTrue);
+    return editor;
+}
+
+void frmVhl::Form_Load() {
+    std::vector<TextBox*> boxes{&TName, &TTonnage, &TCruise, &TAdditionalCrew};
+    for (TextBox& t : TArmorLoc) boxes.push_back(&t);
+    zWireFocusColours(boxes);
+}
+
+void frmVhl::Form_Unload() {
     Timer1.SetEnabled(false);
-    Loaded = false;
-    UnregisterForm(this);
     if (vhl && vhl->frm == this) vhl->frm = nullptr;
-    if (CloseWindow) CloseWindow();
 }
 
 void frmVhl::Form_QueryUnload(bool& cancel) {
@@ -332,9 +320,7 @@ void frmVhl::Form_QueryUnload(bool& cancel) {
                 cancel = true;
                 return;
             }
-            bool ok = false;
-            zSaveVehicle(vhl, ok);
-            if (!ok) cancel = true;
+            if (!Owner || !Owner->zSaveDesign(*this)) cancel = true;
             else zSetSaved(kTrue);
         }
     });
@@ -848,19 +834,11 @@ void frmVhl::zOptionBox(CheckBox& box, const char* title, const std::vector<Excl
                         const std::function<void(int16_t)>& apply) {
     if (wLoading != 0 || wRefusing != 0) return;
     zTrapVoid((box.Name + "_Click").c_str(), [&] {
-        if (box.Value() == 1) {
-            for (const Exclusion& t : tests) {
-                if ((*vhl).*(t.flag) != 0 || (t.flag2 && (*vhl).*(t.flag2) != 0)) {
-                    zMsgBox(t.message, MsgButtons::OK, MsgIcon::Critical, title);
-                    wRefusing = kTrue;
-                    box.SetValue(0);
-                    wRefusing = kFalse;
-                    return;
-                }
-            }
-        }
-        apply(box.Value());
-        zUpdateTonnageLists();
+        std::vector<OptionExclusion> holds;
+        for (const Exclusion& t : tests)
+            holds.push_back({[this, t] { return (*vhl).*(t.flag) != 0 || (t.flag2 && (*vhl).*(t.flag2) != 0); },
+                             t.message});
+        if (bw::zOptionBox(box, title, holds, wRefusing, apply)) zUpdateTonnageLists();
     });
     wRefusing = kFalse;
 }
@@ -1134,7 +1112,7 @@ void frmVhl::tvAvailEq_Expand(const std::string& key) {
             BatchUpdate batch(tvAvailEq);
             tvAvailEq.Remove(kids[0]->Key);
             for (int16_t row : wValid[c])
-                tvAvailEq.Add(key, "w" + std::to_string(row), zWeaponRow(row).Name);
+                tvAvailEq.Add(key, zRowKey(row), zWeaponRow(row).Name);
         }
         PButExpandAvail.SetEnabled(true);
         PButCollapseAvail.SetEnabled(true);
@@ -1157,20 +1135,18 @@ void frmVhl::CBoxShowType_Click(int16_t index) {
 void frmVhl::zAddWeapon() {
     if (wLoading != 0) return;
     zTrapVoid("zAddWeapon", [&] {
-        const std::string key = tvAvailEq.SelectedKey();
-        if (!StartsWith(key, "w")) return;
-        if (vhl->AddWeapon(zI16(std::stol(key.substr(1)))) != 0) zUpdateWeapons();
+        int16_t row = 0, num = 0;
+        if (!zParseItemKey(tvAvailEq.SelectedKey(), row, num)) return;
+        if (vhl->AddWeapon(row) != 0) zUpdateWeapons();
     });
 }
 
 void frmVhl::zRemoveWeapon() {
     if (wLoading != 0) return;
     zTrapVoid("zRemoveWeapon", [&] {
-        const std::string key = tvSelectedEq.SelectedKey();
-        if (!StartsWith(key, "w")) return;
-        const size_t dash = key.find('-', 1);
-        if (dash == std::string::npos) return;
-        vhl->RemoveWeapon(zI16(std::stol(key.substr(1, dash - 1))), zI16(std::stol(key.substr(dash + 1))));
+        int16_t row = 0, num = 0;
+        if (!zParseItemKey(tvSelectedEq.SelectedKey(), row, num) || num == 0) return;
+        vhl->RemoveWeapon(row, num);
         zUpdateWeapons();
     });
 }
@@ -1202,7 +1178,14 @@ void frmVhl::PButAllocate_Click() {
         zMsgBox("You have no equipment to allocated.", MsgButtons::OK, MsgIcon::Information, "No equipment");
         return;
     }
-    if (ShowAllocation) ShowAllocation(*this);
+    zRunAllocation(*this);
+}
+
+void frmVhl::zShowWeaponData(const TreeView& tree) {
+    int16_t row = 0, num = 0;
+    if (!zParseItemKey(tree.SelectedKey(), row, num)) return;
+    frmWData w;
+    if (w.zGetWpnData(row)) zShowModal(w, this);
 }
 
 // ---- Saving -------------------------------------------------------------------
@@ -1251,9 +1234,7 @@ int16_t frmVhl::zValidateSave() {
 void frmVhl::PButSave_Click() {
     zTrapVoid("PButSave_Click", [&] {
         if (zValidateSave() == 0) return;
-        bool ok = false;
-        zSaveVehicle(vhl, ok);
-        if (ok) zSetSaved(kTrue);
+        if (Owner && Owner->zSaveDesign(*this)) zSetSaved(kTrue);
     });
 }
 

@@ -13,17 +13,13 @@
 #include <vector>
 
 #include "core/Controls.h"
+#include "core/EditorParts.h"
 #include "core/Forms.h"
 #include "vehicle/Vehicle.h"
 
 namespace bw {
 
-// Holds a text box's value to lower..upper: a non-numeric text becomes the
-// lower limit; with strip, leading zeros go and an empty or all-zero text
-// shows the lower limit. Never refuses: it corrects the text.
-void zCheckTextBox(TextBox& box, int16_t lower, int16_t upper, bool strip);
-
-class frmVhl : public IForm, public VehicleWindow {
+class frmVhl : public FormModel, public VehicleWindow {
 public:
     frmVhl();
     ~frmVhl() override;
@@ -31,14 +27,7 @@ public:
     frmVhl& operator=(const frmVhl&) = delete;
 
     // --- The window ------------------------------------------------------
-    std::string FormName() const override { return "frmVhl"; }
     bool IsSaved() const override { return wSaved != 0; }
-    void RequestUnload() override;
-    // The title bar.
-    Control Window{"frmVhl"};
-    bool Loaded = false;
-    // The window system closes the real window after an unload.
-    std::function<void()> CloseWindow;
 
     // --- State -----------------------------------------------------------
     std::shared_ptr<Vehicle> vhl;
@@ -119,16 +108,22 @@ public:
     TreeView tvAvailEq{"tvAvailEq"}, tvSelectedEq{"tvSelectedEq"};
     std::array<CheckBox, 6> CBoxShowType;
     std::array<CommandButton, 3> PButEquipment;
-    // Cost/Stats, Show Statistics and Print open windows of their own; the
-    // window system gives them their commands.
+    // Cost/Stats and Show Statistics open the report windows through the
+    // form factories; Print arrives with the record sheets.
     CommandButton PButCost{"PButCost"}, PButShowStats{"PButShowStats"}, PButPrint{"PButPrint"};
     CommandButton PButSave{"PButSave"}, PButClose{"PButClose"}, PButAllocate{"PButAllocate"},
         PButExpandAvail{"PButExpandAvail"}, PButCollapseAvail{"PButCollapseAvail"},
         PButExpandSel{"PButExpandSel"}, PButCollapseSel{"PButCollapseSel"};
 
+    // The editor of a new design: five tons at one movement point with the
+    // given tech base, level and type, the window loaded and set up.
+    static std::unique_ptr<frmVhl> zNewDesign(int16_t techBase, int16_t techLevel, int16_t vhlType);
+    // The editor of a copy of a stored design, showing it as stored and saved.
+    static std::unique_ptr<frmVhl> zOpenDesign(const Vehicle& stored);
+
     // --- Commands --------------------------------------------------------
-    // Loads the window (registers it, normal text box colours).
-    void Form_Load();
+    // Normal text box colours.
+    void Form_Load() override;
     void zSetUpBaseData();
     // Opening a stored design: after zSetUpBaseData, moves every input to
     // the design's values under wLoading, so the design itself is not
@@ -139,7 +134,8 @@ public:
     int16_t zValidateSave();
     void PButSave_Click();
     // cancel is set when the window must stay.
-    void Form_QueryUnload(bool& cancel);
+    void Form_QueryUnload(bool& cancel) override;
+    void Form_Unload() override;
     void SSTab1_Click(int16_t tab);
     void Timer1_Timer();
     void zChangePicture();
@@ -157,8 +153,8 @@ public:
     void zClearWeapons();
     void zExpandSelected();
     void PButAllocate_Click();
-    // What PButAllocate opens with the design; unset does nothing.
-    std::function<void(frmVhl&)> ShowAllocation;
+    // A double click on a row of either tree: the weapon data window.
+    void zShowWeaponData(const TreeView& tree);
 
     // VehicleWindow
     void zUpdateWeapons() override;

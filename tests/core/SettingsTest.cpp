@@ -98,7 +98,7 @@ TEST_F(SettingsWindow, LoadShowsStoredValuesAndOkStoresEveryKey) {
     f.cmboDefFTRBase.ListIndex = 1;
     f.pnlColor[frmSet::kDeActiveEdit] = 12632256;
     f.PButOK_Click();
-    EXPECT_TRUE(f.wUnloaded);
+    EXPECT_FALSE(f.Loaded);
     EXPECT_EQ(Stored("General", "OpenLast"), "1");
     EXPECT_EQ(Stored("General", "GiftMessage"), "0");
     EXPECT_EQ(Stored("General", "AeroPrintHeader"), "0");
@@ -130,6 +130,6 @@ TEST_F(SettingsWindow, CancelStoresNothing) {
     f.CBoxSuppressGift = 1;
     f.cmboDefVHL.ListIndex = 5;
     f.PButCancel_Click();
-    EXPECT_TRUE(f.wUnloaded);
+    EXPECT_FALSE(f.Loaded);
     EXPECT_TRUE(fake.settings.values.empty());
 }

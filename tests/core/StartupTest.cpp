@@ -12,6 +12,7 @@
 #include "core/Settings.h"
 #include "core/Startup.h"
 #include "refdata/DiagramTables.h"
+#include "refdata/Loaders.h"
 #include "refdata/Weapons.h"
 #include "support/AppFolder.h"
 #include "support/FakeUi.h"
@@ -41,6 +42,7 @@ public:
     }
     void ShowMainWindow() override { calls.push_back("ShowMainWindow"); }
     void OpenDatabase(const std::string& path) override { calls.push_back("OpenDatabase " + path); }
+    std::vector<bool (*)()> ReferenceLoaders() override { return zReferenceLoaders(); }
 
 private:
     frmSplsh* splash = nullptr;

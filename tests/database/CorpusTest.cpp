@@ -7,7 +7,7 @@
 #include <iterator>
 
 #include "core/Globals.h"
-#include "database/DatabaseFuzz.h"
+#include "DatabaseFuzz.h"
 #include "support/FakeUi.h"
 #include "support/TempDir.h"
 

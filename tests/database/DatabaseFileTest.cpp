@@ -17,13 +17,13 @@ using test::Bytes;
 // Writing compacts the design's item list, so tests write a copy.
 std::string Written(Vehicle v) {
     BinaryWriter w;
-    EXPECT_TRUE(v.SaveData(w));
+    EXPECT_TRUE(SaveData(v, w));
     return w.Data();
 }
 
 std::string Written(const Fighter& f) {
     BinaryWriter w;
-    EXPECT_TRUE(f.SaveData(w));
+    EXPECT_TRUE(SaveData(f, w));
     return w.Data();
 }
 
@@ -62,7 +62,7 @@ TEST_F(DatabaseFile, VehicleWithoutItemsMatchesTheLayoutAndReadsBack) {
     BinaryReader r(got);
     Vehicle back;
     back.TCLocation = 7;
-    ASSERT_TRUE(back.LoadData(r));
+    ASSERT_TRUE(LoadData(back, r));
     EXPECT_TRUE(r.AtEnd());
     EXPECT_EQ(back.Name, "Demolisher");
     ExpectFieldsEqual(back, v, test::VehicleLayout());
@@ -84,7 +84,7 @@ TEST_F(DatabaseFile, ItemCountFollowsItemZero) {
 
     BinaryReader r(got);
     Vehicle back;
-    ASSERT_TRUE(back.LoadData(r));
+    ASSERT_TRUE(LoadData(back, r));
     ASSERT_EQ(back.Items.size(), 3u);
     EXPECT_EQ(back.Items[1].wLoc, 99);
     EXPECT_EQ(back.Items[2].wType, 7);
@@ -94,7 +94,7 @@ TEST_F(DatabaseFile, ItemCountFollowsItemZero) {
     // their order and the design itself is left compact.
     v.Items[0].wStatus = 0;
     BinaryWriter holed;
-    ASSERT_TRUE(v.SaveData(holed));
+    ASSERT_TRUE(SaveData(v, holed));
     ASSERT_EQ(v.Items.size(), 2u);
     EXPECT_EQ(v.Items[0].wLoc, 99);
     Bytes tail;
@@ -113,11 +113,11 @@ TEST_F(DatabaseFile, NamesArePaddedCutAndTrimmed) {
         Vehicle v;
         v.Name = name;
         BinaryWriter w;
-        v.SaveData(w);
+        SaveData(v, w);
         if (stored) *stored = w.Data().substr(0, 50);
         BinaryReader r(w.Data());
         Vehicle back;
-        back.LoadData(r);
+        LoadData(back, r);
         return back.Name;
     };
     const std::string fifty(50, 'x');
@@ -161,7 +161,7 @@ TEST_F(DatabaseFile, PlainFightersMatchTheLayoutWithTheirHolesSqueezedOut) {
 
         BinaryReader r(got);
         Fighter back;
-        ASSERT_TRUE(back.LoadData(r));
+        ASSERT_TRUE(LoadData(back, r));
         EXPECT_TRUE(r.AtEnd());
         EXPECT_EQ(back.Name, "Sabre");
         ExpectFieldsEqual(back, f, test::FighterHeadLayout());
@@ -230,7 +230,7 @@ TEST_F(DatabaseFile, OmniFighterLoadsItsLiveFieldsFromTheBase) {
         BinaryReader r(bytes);
         Fighter back;
         back.OmniCurrentConfig = 4;
-        ASSERT_TRUE(back.LoadData(r));
+        ASSERT_TRUE(LoadData(back, r));
         EXPECT_TRUE(r.AtEnd());
         ExpectFieldsEqual(back, f, test::FighterHeadLayout());
         EXPECT_EQ(back.OmniBaseLocked, locked);
@@ -269,7 +269,7 @@ TEST_F(DatabaseFile, BadItemCountsAreErrorsNotAllocations) {
         fake.ui.boxes.clear();
         BinaryReader r(bytes);
         Vehicle back;
-        EXPECT_FALSE(back.LoadData(r));
+        EXPECT_FALSE(LoadData(back, r));
         ASSERT_EQ(fake.ui.boxes.size(), 1u);
         EXPECT_EQ(fake.ui.boxes[0].title, "Error");
         EXPECT_EQ(fake.ui.boxes[0].text, zErrorReportText("Vehicle.LoadData", 9, "Subscript out of range"));
@@ -289,7 +289,7 @@ TEST_F(DatabaseFile, FighterErrorsAreReportedUnderTheVehicleName) {
     const std::string bytes = Written(OmniFighter(0));
     BinaryReader r(bytes.substr(0, 200));
     Fighter back;
-    EXPECT_FALSE(back.LoadData(r));
+    EXPECT_FALSE(LoadData(back, r));
     ASSERT_EQ(fake.ui.boxes.size(), 1u);
     EXPECT_EQ(fake.ui.boxes[0].text, zErrorReportText("Vehicle.LoadData", 62, "Input past end of file"));
 }

@@ -14,6 +14,9 @@
 #include "database/DatabaseFile.h"
 #include "database/DatabaseOps.h"
 #include "database/DbBytes.h"
+#include "shell/DesignPicker.h"
+#include "shell/frmMain.h"
+#include "support/FakeFormHost.h"
 #include "support/FakeUi.h"
 #include "support/TempDir.h"
 
@@ -29,7 +32,10 @@ const char* const kCertifyText =
 class DatabaseOps : public ::testing::Test {
 protected:
     test::ScopedFakeUi fake;
+    test::ScopedFakeFormHost host;
     test::TempDir dir;
+    // The window that asks the user: the picks, the questions, the caption.
+    frmMain main;
     std::vector<std::string> captions;
     std::vector<std::pair<std::string, std::string>> pickerShown;
     int16_t pickAnswer = -1;
@@ -39,15 +45,18 @@ protected:
         SetAppPath(dir.Path());
         gLogFile = dir.File("log.txt");
         zResetDatabase();
-        gSetMainCaption = [this](const std::string& c) { captions.push_back(c); };
-        gPickDesign = [this](DesignKind, const std::string& caption, const std::string& action) {
-            pickerShown.emplace_back(caption, action);
-            return pickAnswer;
+        main.Load();
+        main.Window.Subscribe([this] { captions.push_back(main.Window.Caption()); });
+        auto pick = [this](FormModel& f) {
+            auto& d = static_cast<DesignPicker&>(f);
+            pickerShown.emplace_back(d.Window.Caption(), d.PButOpen.Caption());
+            d.wSel = pickAnswer;
+            d.wCancel = zBool(pickAnswer < 0);
         };
+        host->onShow["frmVOpen"] = pick;
+        host->onShow["frmFOpen"] = pick;
     }
     void TearDown() override {
-        gSetMainCaption = nullptr;
-        gPickDesign = nullptr;
         zResetDatabase();
         SetAppPath(".");
     }
@@ -71,7 +80,7 @@ protected:
     std::string NewDatabase(const std::string& name = "designs.bwd") {
         const std::string path = dir.File(name);
         dir.Write(name, Bytes().Header().I16(-1).I16(-1).str());
-        zOpenDatabase(path);
+        main.zOpenDatabase(path);
         EXPECT_EQ(gDatabasePath, path);
         return path;
     }
@@ -91,7 +100,7 @@ protected:
     }
     std::string Saved(Vehicle v) {  // writing compacts: write a copy
         BinaryWriter w;
-        v.SaveData(w);
+        SaveData(v, w);
         return w.Data();
     }
 };
@@ -111,7 +120,7 @@ TEST_F(DatabaseOps, AnEmptyDatabaseIs36BytesWrittenOverAStrayTemporary) {
 TEST_F(DatabaseOps, TheFirstDesignTakesIndexZeroAndLaterOnesAppend) {
     NewDatabase();
     auto a = MakeVehicle("Alpha");
-    zSaveVehicle(a, ok);
+    main.zSaveVehicle(a, ok);
     EXPECT_TRUE(ok);
     ASSERT_EQ(gVehicles.size(), 1u);
     EXPECT_EQ(gVehicles[0], a);  // the very object, not a copy
@@ -120,7 +129,7 @@ TEST_F(DatabaseOps, TheFirstDesignTakesIndexZeroAndLaterOnesAppend) {
     EXPECT_EQ(bytes, Bytes().Header().I16(0).Raw(Saved(*a)).I16(-1).str());
 
     auto b = MakeVehicle("Bravo");
-    zSaveVehicle(b, ok);
+    main.zSaveVehicle(b, ok);
     ASSERT_EQ(gVehicles.size(), 2u);
     EXPECT_EQ(gVehicles[1], b);
     bytes = dir.Read("designs.bwd");
@@ -128,7 +137,7 @@ TEST_F(DatabaseOps, TheFirstDesignTakesIndexZeroAndLaterOnesAppend) {
     EXPECT_TRUE(fake.ui.boxes.empty());
 
     // Reopened, the file gives the same two designs.
-    zOpenDatabase(gDatabasePath);
+    main.zOpenDatabase(gDatabasePath);
     ASSERT_EQ(gVehicles.size(), 2u);
     EXPECT_EQ(gVehicles[1]->Name, "Bravo");
     EXPECT_EQ(gFighters.size(), 1u);
@@ -137,10 +146,10 @@ TEST_F(DatabaseOps, TheFirstDesignTakesIndexZeroAndLaterOnesAppend) {
 
 TEST_F(DatabaseOps, TheSameNameWithAnotherBaseOrTypeIsASecondDesign) {
     NewDatabase();
-    zSaveVehicle(MakeVehicle("Hunter", 0, 0), ok);
-    zSaveVehicle(MakeVehicle("Hunter", 1, 0), ok);
-    zSaveVehicle(MakeVehicle("Hunter", 0, 2), ok);
-    zSaveVehicle(MakeVehicle("hunter", 0, 0), ok);  // case counts
+    main.zSaveVehicle(MakeVehicle("Hunter", 0, 0), ok);
+    main.zSaveVehicle(MakeVehicle("Hunter", 1, 0), ok);
+    main.zSaveVehicle(MakeVehicle("Hunter", 0, 2), ok);
+    main.zSaveVehicle(MakeVehicle("hunter", 0, 0), ok);  // case counts
     EXPECT_TRUE(fake.ui.boxes.empty());
     EXPECT_EQ(gVehicles.size(), 4u);
     EXPECT_EQ(CountAt(dir.Read("designs.bwd"), 32), 3);
@@ -148,13 +157,13 @@ TEST_F(DatabaseOps, TheSameNameWithAnotherBaseOrTypeIsASecondDesign) {
 
 TEST_F(DatabaseOps, OverwritingAsksWithTheTypeWordAndBase) {
     NewDatabase();
-    zSaveVehicle(MakeVehicle("Hunter", 1, 3), ok);
+    main.zSaveVehicle(MakeVehicle("Hunter", 1, 3), ok);
     const std::string before = dir.Read("designs.bwd");
 
     auto again = MakeVehicle("Hunter", 1, 3);
     again->Tonnage = 30;
     fake.ui.answers = {MsgResult::No};
-    zSaveVehicle(again, ok);
+    main.zSaveVehicle(again, ok);
     EXPECT_FALSE(ok);
     ExpectOnlyBox("Overwrite?",
                   "There is already  a Clan V.T.O.L. named Hunter in this database, would you like to overwrite it?",
@@ -163,7 +172,7 @@ TEST_F(DatabaseOps, OverwritingAsksWithTheTypeWordAndBase) {
     EXPECT_EQ(gVehicles[0]->Tonnage, 40);
 
     fake.ui.answers = {MsgResult::Yes};
-    zSaveVehicle(again, ok);
+    main.zSaveVehicle(again, ok);
     EXPECT_TRUE(ok);
     EXPECT_EQ(gVehicles.size(), 1u);
     EXPECT_EQ(gVehicles[0], again);
@@ -172,10 +181,10 @@ TEST_F(DatabaseOps, OverwritingAsksWithTheTypeWordAndBase) {
     const char* const words[] = {"tracked vehicle", "wheeled vehicle", "hovercraft", "V.T.O.L.",
                                  "hydrofoil",       "ship",            "submarine",  "super heavy tank"};
     for (int16_t t = 0; t < 8; ++t) {
-        zSaveVehicle(MakeVehicle("Type", 0, t), ok);
+        main.zSaveVehicle(MakeVehicle("Type", 0, t), ok);
         fake.ui.boxes.clear();
         fake.ui.answers = {MsgResult::No};
-        zSaveVehicle(MakeVehicle("Type", 0, t), ok);
+        main.zSaveVehicle(MakeVehicle("Type", 0, t), ok);
         ASSERT_EQ(fake.ui.boxes.size(), 1u);
         EXPECT_EQ(fake.ui.boxes[0].text, std::string("There is already  an Inner Sphere ") + words[t] +
                                              " named Type in this database, would you like to overwrite it?");
@@ -184,14 +193,14 @@ TEST_F(DatabaseOps, OverwritingAsksWithTheTypeWordAndBase) {
 
 TEST_F(DatabaseOps, FightersAreKeptBesideVehicles) {
     NewDatabase();
-    zSaveFighter(MakeFighter("Sparrow", 0, 1), ok);
+    main.zSaveFighter(MakeFighter("Sparrow", 0, 1), ok);
     EXPECT_TRUE(ok);
     fake.ui.answers = {MsgResult::No, MsgResult::No, MsgResult::No};
     const char* const words[] = {"conventional fighter", "aerospace fighter", "omni-fighter"};
     for (int16_t t = 0; t < 3; ++t) {
-        zSaveFighter(MakeFighter("Kestrel", 1, t), ok);
+        main.zSaveFighter(MakeFighter("Kestrel", 1, t), ok);
         fake.ui.boxes.clear();
-        zSaveFighter(MakeFighter("Kestrel", 1, t), ok);
+        main.zSaveFighter(MakeFighter("Kestrel", 1, t), ok);
         EXPECT_FALSE(ok);
         ASSERT_EQ(fake.ui.boxes.size(), 1u);
         EXPECT_EQ(fake.ui.boxes[0].text, std::string("There is already  a Clan ") + words[t] +
@@ -205,12 +214,12 @@ TEST_F(DatabaseOps, FightersAreKeptBesideVehicles) {
 
 TEST_F(DatabaseOps, DeletingAsksThenDropsTheDesignKeepingTheOrder) {
     NewDatabase();
-    for (const char* n : {"One", "Two", "Three"}) zSaveVehicle(MakeVehicle(n), ok);
+    for (const char* n : {"One", "Two", "Three"}) main.zSaveVehicle(MakeVehicle(n), ok);
     auto three = gVehicles[2];
 
     pickAnswer = 1;
     fake.ui.answers = {MsgResult::No};
-    zDeleteVehicle();
+    main.zDeleteVehicle();
     ASSERT_EQ(pickerShown.size(), 1u);
     EXPECT_EQ(pickerShown[0], std::make_pair(std::string("Delete Vehicle"), std::string("&Delete")));
     ASSERT_EQ(fake.ui.boxes.size(), 1u);
@@ -219,7 +228,7 @@ TEST_F(DatabaseOps, DeletingAsksThenDropsTheDesignKeepingTheOrder) {
     EXPECT_EQ(fake.ui.boxes[0].buttons, MsgButtons::YesNo);
     EXPECT_EQ(gVehicles.size(), 3u);
 
-    zDeleteVehicle();  // the script is empty now: Yes
+    main.zDeleteVehicle();  // the script is empty now: Yes
     ASSERT_EQ(gVehicles.size(), 2u);
     EXPECT_EQ(gVehicles[0]->Name, "One");
     EXPECT_EQ(gVehicles[1], three);
@@ -229,27 +238,27 @@ TEST_F(DatabaseOps, DeletingAsksThenDropsTheDesignKeepingTheOrder) {
     fake.ui.boxes.clear();
     for (int16_t answer : {int16_t{-1}, int16_t{2}, int16_t{500}}) {
         pickAnswer = answer;
-        zDeleteVehicle();
-        EXPECT_EQ(zPickVehicleToOpen(), -1);
+        main.zDeleteVehicle();
+        EXPECT_EQ(main.zPickVehicleToOpen(), -1);
     }
     EXPECT_TRUE(fake.ui.boxes.empty());
     EXPECT_EQ(gVehicles.size(), 2u);
     pickAnswer = 1;
-    EXPECT_EQ(zPickVehicleToOpen(), 1);
+    EXPECT_EQ(main.zPickVehicleToOpen(), 1);
     EXPECT_EQ(pickerShown.back(), std::make_pair(std::string("Open Vehicle"), std::string("&Open")));
 }
 
 TEST_F(DatabaseOps, DeletingTheOnlyDesignLeavesACountOfMinusOne) {
     NewDatabase();
-    zSaveVehicle(MakeVehicle("Lonely"), ok);
-    zSaveFighter(MakeFighter("Solo"), ok);
+    main.zSaveVehicle(MakeVehicle("Lonely"), ok);
+    main.zSaveFighter(MakeFighter("Solo"), ok);
     pickAnswer = 0;
-    zDeleteVehicle();
+    main.zDeleteVehicle();
     EXPECT_EQ(CountAt(dir.Read("designs.bwd"), 32), -1);
     ASSERT_EQ(gVehicles.size(), 1u);
     EXPECT_TRUE(gVehicles[0]->Name.empty());
 
-    zDeleteFighter();
+    main.zDeleteFighter();
     EXPECT_EQ(pickerShown.back(), std::make_pair(std::string("Delete Fighter"), std::string("&Delete")));
     EXPECT_EQ(fake.ui.LastBox().text, "Are you sure you want to delete the fighter named Solo?");
     EXPECT_EQ(fake.ui.LastBox().title, "Delete Fighter?");
@@ -257,10 +266,10 @@ TEST_F(DatabaseOps, DeletingTheOnlyDesignLeavesACountOfMinusOne) {
 
     // A blank table refuses the open command before any picker.
     pickerShown.clear();
-    EXPECT_EQ(zPickVehicleToOpen(), -1);
+    EXPECT_EQ(main.zPickVehicleToOpen(), -1);
     EXPECT_EQ(fake.ui.LastBox().text, "There are no vehicles within this database.");
     EXPECT_EQ(fake.ui.LastBox().title, "No Vehicles");
-    EXPECT_EQ(zPickFighterToOpen(), -1);
+    EXPECT_EQ(main.zPickFighterToOpen(), -1);
     EXPECT_EQ(fake.ui.LastBox().text, "There are no fighters within this database.");
     EXPECT_EQ(fake.ui.LastBox().title, "No Fighters");
     EXPECT_TRUE(pickerShown.empty());
@@ -281,7 +290,7 @@ TEST_F(DatabaseOps, CompactionSqueezesBlanksOutInOrder) {
 }
 
 TEST_F(DatabaseOps, SavingWithNoDatabaseRefuses) {
-    zSaveVehicle(MakeVehicle("Orphan"), ok);
+    main.zSaveVehicle(MakeVehicle("Orphan"), ok);
     // The design is in the table and the save reports it was done: the
     // caller cannot tell.
     EXPECT_TRUE(ok);
@@ -292,11 +301,11 @@ TEST_F(DatabaseOps, SavingWithNoDatabaseRefuses) {
 
 TEST_F(DatabaseOps, ADesignThatCannotBeWrittenLeavesTheFileAlone) {
     NewDatabase();
-    zSaveVehicle(MakeVehicle("Fine"), ok);
+    main.zSaveVehicle(MakeVehicle("Fine"), ok);
     const std::string before = dir.Read("designs.bwd");
     auto bad = MakeVehicle("Centipede");
     bad->Items.assign(40000, VehicleItem{1, 1, 0, -1});
-    zSaveVehicle(bad, ok);
+    main.zSaveVehicle(bad, ok);
     // A list too long to count fails the record's write, then the save.
     ASSERT_EQ(fake.ui.boxes.size(), 2u);
     EXPECT_EQ(fake.ui.boxes[0].title, "Error");
@@ -333,7 +342,7 @@ TEST_F(DatabaseOps, ADatabaseOnAnotherFileSystemIsStillReplacedWhole) {
     if (a.st_dev == b.st_dev) GTEST_SKIP() << "/dev/shm is on the same file system";
 
     gDatabasePath = (other / "far.bwd").string();
-    zSaveVehicle(MakeVehicle("Far"), ok);
+    main.zSaveVehicle(MakeVehicle("Far"), ok);
     EXPECT_TRUE(fake.ui.boxes.empty());
     std::ifstream in(gDatabasePath, std::ios::binary);
     const std::string bytes((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
@@ -347,7 +356,7 @@ TEST_F(DatabaseOps, AProgramFolderThatCannotBeWrittenUsesTheDatabaseFolder) {
     const std::string path = NewDatabase();
     SetAppPath(dir.File("missing-folder"));
     gLogFile = "/dev/null";
-    zSaveVehicle(MakeVehicle("Here"), ok);
+    main.zSaveVehicle(MakeVehicle("Here"), ok);
     EXPECT_TRUE(fake.ui.boxes.empty());
     EXPECT_EQ(CountAt(dir.Read("designs.bwd"), 32), 0);
     EXPECT_FALSE(std::filesystem::exists(dir.File("tempdb.bwd")));
@@ -358,10 +367,10 @@ TEST_F(DatabaseOps, AProgramFolderThatCannotBeWrittenUsesTheDatabaseFolder) {
 
 TEST_F(DatabaseOps, OpeningAMissingFileOrNothingSaysNothing) {
     const std::string path = NewDatabase();
-    zSaveVehicle(MakeVehicle("Kept"), ok);
-    zOpenDatabase("");
-    zOpenDatabase(dir.File("absent.bwd"));
-    zOpenDatabase(dir.File("no-folder/absent.bwd"));
+    main.zSaveVehicle(MakeVehicle("Kept"), ok);
+    main.zOpenDatabase("");
+    main.zOpenDatabase(dir.File("absent.bwd"));
+    main.zOpenDatabase(dir.File("no-folder/absent.bwd"));
     EXPECT_TRUE(fake.ui.boxes.empty());
     EXPECT_EQ(gDatabasePath, path);
     EXPECT_EQ(gVehicles[0]->Name, "Kept");
@@ -370,28 +379,28 @@ TEST_F(DatabaseOps, OpeningAMissingFileOrNothingSaysNothing) {
 TEST_F(DatabaseOps, AnEditorsDesignOutlivesTheTableAndSavesIntoTheNextDatabase) {
     NewDatabase("first.bwd");
     auto edited = MakeVehicle("Wanderer");
-    zSaveVehicle(edited, ok);
+    main.zSaveVehicle(edited, ok);
     NewDatabase("second.bwd");
     EXPECT_TRUE(gVehicles[0]->Name.empty());
     // Still open in its editor, the design changes and is saved again.
     edited->Tonnage = 55;
-    zSaveVehicle(edited, ok);
+    main.zSaveVehicle(edited, ok);
     EXPECT_TRUE(ok);
     EXPECT_TRUE(fake.ui.boxes.empty());
     EXPECT_EQ(dir.Read("second.bwd"), Bytes().Header().I16(0).Raw(Saved(*edited)).I16(-1).str());
     EXPECT_EQ(CountAt(dir.Read("first.bwd"), 32), 0);
     // The same object saved again where it already stands is a match.
     fake.ui.answers = {MsgResult::No};
-    zSaveVehicle(edited, ok);
+    main.zSaveVehicle(edited, ok);
     EXPECT_FALSE(ok);
     EXPECT_EQ(fake.ui.LastBox().title, "Overwrite?");
 }
 
 TEST_F(DatabaseOps, OpeningFindsTheFileIgnoringCase) {
     dir.Write("Mixed.BWD", Bytes().Header().I16(-1).I16(-1).str());
-    zOpenDatabase(dir.File("mixed.bwd"));
+    main.zOpenDatabase(dir.File("mixed.bwd"));
     EXPECT_EQ(gDatabasePath, dir.File("Mixed.BWD"));
-    zOpenDatabase(dir.Path() + "\\MIXED.bwd");
+    main.zOpenDatabase(dir.Path() + "\\MIXED.bwd");
     EXPECT_EQ(gDatabasePath, dir.File("Mixed.BWD"));
 }
 
@@ -400,7 +409,7 @@ TEST_F(DatabaseOps, AnUncertifiedFileIsRefused) {
                                        std::string("short"), std::string()}) {
         fake.ui.boxes.clear();
         dir.Write("other.bwd", content);
-        zOpenDatabase(dir.File("other.bwd"));
+        main.zOpenDatabase(dir.File("other.bwd"));
         ExpectOnlyBox("Unable to certify", kCertifyText, MsgIcon::Information);
         EXPECT_TRUE(gDatabasePath.empty());
     }
@@ -409,7 +418,7 @@ TEST_F(DatabaseOps, AnUncertifiedFileIsRefused) {
 TEST_F(DatabaseOps, AWrongVersionFallsBackToTheDefaultDatabase) {
     dir.Write("old.bwd", Bytes().Header(1).I16(-1).I16(-1).str());
     dir.Write("Works.BWD", Bytes().Header().I16(-1).I16(-1).str());
-    zOpenDatabase(dir.File("old.bwd"));
+    main.zOpenDatabase(dir.File("old.bwd"));
     ExpectOnlyBox("Wrong DB version",
                   "The database '" + dir.File("old.bwd") +
                       "' can not be opened because it is of the wrong version. This is a version 1 database, but "
@@ -421,7 +430,7 @@ TEST_F(DatabaseOps, AWrongVersionFallsBackToTheDefaultDatabase) {
 
 TEST_F(DatabaseOps, AWrongVersionDefaultDatabaseGivesTwoMessages) {
     dir.Write("works.bwd", Bytes().Header(7).I16(-1).I16(-1).str());
-    zOpenDatabase(dir.File("works.bwd"));
+    main.zOpenDatabase(dir.File("works.bwd"));
     ASSERT_EQ(fake.ui.boxes.size(), 2u);
     EXPECT_EQ(fake.ui.boxes[0].title, "Wrong DB version");
     EXPECT_NE(fake.ui.boxes[0].text.find("This is a version 7 database"), std::string::npos);
@@ -436,11 +445,11 @@ TEST_F(DatabaseOps, AWrongVersionDefaultDatabaseGivesTwoMessages) {
 
 TEST_F(DatabaseOps, ATruncatedFileIsReportedOnceAndNotOpened) {
     const std::string path = NewDatabase();
-    zSaveVehicle(MakeVehicle("Whole"), ok);
-    zSaveFighter(MakeFighter("Also"), ok);
+    main.zSaveVehicle(MakeVehicle("Whole"), ok);
+    main.zSaveFighter(MakeFighter("Also"), ok);
     std::string bytes = dir.Read("designs.bwd");
     dir.Write("cut.bwd", bytes.substr(0, 34 + 100));
-    zOpenDatabase(dir.File("cut.bwd"));
+    main.zOpenDatabase(dir.File("cut.bwd"));
     ASSERT_EQ(fake.ui.boxes.size(), 1u);
     EXPECT_EQ(fake.ui.boxes[0].text, zErrorReportText("Vehicle.LoadData", 62, "Input past end of file"));
     EXPECT_EQ(gDatabasePath, path);
@@ -449,7 +458,7 @@ TEST_F(DatabaseOps, ATruncatedFileIsReportedOnceAndNotOpened) {
     // Cut exactly before the fighter count: the open itself reports.
     fake.ui.boxes.clear();
     dir.Write("cut.bwd", bytes.substr(0, 34 + kVehicleFixedBytes));
-    zOpenDatabase(dir.File("cut.bwd"));
+    main.zOpenDatabase(dir.File("cut.bwd"));
     ASSERT_EQ(fake.ui.boxes.size(), 1u);
     EXPECT_EQ(fake.ui.boxes[0].text, zErrorReportText("zOpenDatabase", 62, "Input past end of file"));
     EXPECT_EQ(gDatabasePath, path);
@@ -461,19 +470,19 @@ TEST_F(DatabaseOps, ATruncatedFileIsReportedOnceAndNotOpened) {
 
 TEST_F(DatabaseOps, NewDatabaseAsksForAPathAndStartsEmpty) {
     fake.ui.fileAnswers = {""};
-    zNewDB();
+    main.mnuFileNew_Click();
     ASSERT_EQ(fake.ui.dialogs.size(), 1u);
     EXPECT_EQ(fake.ui.dialogs[0].title, "New Database");
     EXPECT_EQ(fake.ui.dialogs[0].filter, "Brasswick Works Databases (*.bwd)|*.bwd");
     EXPECT_TRUE(gDatabasePath.empty());
 
     fake.ui.fileAnswers = {"   "};
-    zNewDB();
+    main.mnuFileNew_Click();
     EXPECT_TRUE(gDatabasePath.empty());
 
     gVehicles[0]->Name = "Left over";
     fake.ui.fileAnswers = {dir.File("fresh.bwd")};
-    zNewDB();
+    main.mnuFileNew_Click();
     EXPECT_TRUE(fake.ui.boxes.empty());
     EXPECT_EQ(gDatabasePath, dir.File("fresh.bwd"));
     EXPECT_EQ(captions.back(), "The Brasswick Works 3.0 - " + dir.File("fresh.bwd"));
@@ -481,7 +490,7 @@ TEST_F(DatabaseOps, NewDatabaseAsksForAPathAndStartsEmpty) {
     EXPECT_TRUE(gVehicles[0]->Name.empty());
     // Nothing is written until the first save.
     EXPECT_FALSE(std::filesystem::exists(dir.File("fresh.bwd")));
-    zSaveVehicle(MakeVehicle("First"), ok);
+    main.zSaveVehicle(MakeVehicle("First"), ok);
     EXPECT_EQ(CountAt(dir.Read("fresh.bwd"), 32), 0);
 }
 
@@ -489,7 +498,7 @@ TEST_F(DatabaseOps, NewDatabaseOverAnExistingFileAsksFirst) {
     dir.Write("taken.bwd", "precious");
     fake.ui.fileAnswers = {dir.File("taken.bwd")};
     fake.ui.answers = {MsgResult::No};
-    zNewDB();
+    main.mnuFileNew_Click();
     ASSERT_EQ(fake.ui.boxes.size(), 1u);
     EXPECT_EQ(fake.ui.boxes[0].text, "This file already already exists, overwrite it?");
     EXPECT_EQ(fake.ui.boxes[0].title, "Overwrite?");
@@ -498,7 +507,7 @@ TEST_F(DatabaseOps, NewDatabaseOverAnExistingFileAsksFirst) {
     EXPECT_TRUE(gDatabasePath.empty());
 
     fake.ui.fileAnswers = {dir.File("taken.bwd")};
-    zNewDB();  // Yes
+    main.mnuFileNew_Click();  // Yes
     EXPECT_FALSE(std::filesystem::exists(dir.File("taken.bwd")));
     EXPECT_EQ(gDatabasePath, dir.File("taken.bwd"));
 }

@@ -1,12 +1,15 @@
 // The design pickers and the small search list.
 #include <gtest/gtest.h>
 
+#include <functional>
+
 #include "database/DatabaseOps.h"
 #include "fighter/Fighter.h"
 #include "shell/frmFOpen.h"
 #include "shell/frmSel.h"
 #include "shell/frmVOpen.h"
 #include "vehicle/Vehicle.h"
+#include "support/FakeFormHost.h"
 
 namespace bw {
 namespace {
@@ -39,9 +42,17 @@ protected:
     }
 };
 
+// Shows a picker modal as the commands do; user plays the dialog.
+template <class P>
+int16_t ShowPicker(const char* caption, const char* action, std::function<void(P&)> user) {
+    test::ScopedFakeFormHost host;
+    if (user) host->onShow[P().FormName()] = [&](FormModel& f) { user(static_cast<P&>(f)); };
+    return zShowPicker<P>(caption, action);
+}
+
 TEST_F(Pickers, RowsCarryTheTableIndexInTheirKeys) {
     frmVOpen dlg;
-    EXPECT_EQ(dlg.Caption, "Open Vehicle");
+    EXPECT_EQ(dlg.Window.Caption(), "Open Vehicle");
     EXPECT_EQ(dlg.PButOpen.Caption(), "&Open");
     EXPECT_EQ(dlg.PButCancel.Caption(), "&Cancel");
     EXPECT_EQ(dlg.lvVHLs.ColumnHeaders, (std::vector<std::string>{"Name", "Base", "Type", "Tonnage", "Speed"}));
@@ -61,10 +72,10 @@ TEST_F(Pickers, RowsCarryTheTableIndexInTheirKeys) {
 
 TEST_F(Pickers, ADoubleClickPicksOnlyAfterARowWasClicked) {
     frmVOpen dlg;
-    dlg.Visible = true;
+    dlg.Window.SetVisible(true);
     dlg.Form_Activate();
     dlg.lvVHLs.DblClick();
-    EXPECT_TRUE(dlg.Visible);
+    EXPECT_TRUE(dlg.Window.Visible());
     EXPECT_EQ(dlg.wCancel, -1);
 
     // Sorted by tonnage as text: "100" before "20" before "5".
@@ -78,15 +89,15 @@ TEST_F(Pickers, ADoubleClickPicksOnlyAfterARowWasClicked) {
     dlg.lvVHLs.Select(0);  // Alpha, table index 2
     EXPECT_TRUE(dlg.PButOpen.Enabled());
     dlg.lvVHLs.DblClick();
-    EXPECT_FALSE(dlg.Visible);
+    EXPECT_FALSE(dlg.Window.Visible());
     EXPECT_EQ(dlg.wCancel, 0);
     EXPECT_EQ(dlg.wSel, 2);
 }
 
 TEST_F(Pickers, ShownForADeleteWithItsOwnCaptions) {
     std::string seenCaption, seenAction;
-    int16_t got = zShowVOpen("Delete Vehicle", "&Delete", [&](frmVOpen& d) {
-        seenCaption = d.Caption;
+    int16_t got = ShowPicker<frmVOpen>("Delete Vehicle", "&Delete", [&](frmVOpen& d) {
+        seenCaption = d.Window.Caption();
         seenAction = d.PButOpen.Caption();
         d.Form_Activate();
         d.lvVHLs.Select(2);
@@ -96,13 +107,13 @@ TEST_F(Pickers, ShownForADeleteWithItsOwnCaptions) {
     EXPECT_EQ(seenAction, "&Delete");
     EXPECT_EQ(got, 3);
 
-    got = zShowVOpen("Delete Vehicle", "&Delete", [](frmVOpen& d) {
+    got = ShowPicker<frmVOpen>("Delete Vehicle", "&Delete", [](frmVOpen& d) {
         d.Form_Activate();
         d.lvVHLs.Select(0);
         d.PButCancel.DoClick();
     });
     EXPECT_EQ(got, -1);
-    EXPECT_EQ(zShowVOpen("Open Vehicle", "&Open", nullptr), -1);
+    EXPECT_EQ(ShowPicker<frmVOpen>("Open Vehicle", "&Open", nullptr), -1);
 }
 
 TEST_F(Pickers, TheFighterPickerIsTheTwin) {
@@ -118,13 +129,13 @@ TEST_F(Pickers, TheFighterPickerIsTheTwin) {
         gFighters.push_back(f);
     }
     frmFOpen dlg;
-    EXPECT_EQ(dlg.Caption, "Open Fighter");
+    EXPECT_EQ(dlg.Window.Caption(), "Open Fighter");
     dlg.Form_Activate();
     ASSERT_EQ(dlg.lvFTRs.Count(), 3);
     EXPECT_EQ(Row(dlg.lvFTRs, 0), (std::vector<std::string>{"v0", "F0", "Clan", "Conventional Fighter", "50", "5/8"}));
     EXPECT_EQ(dlg.lvFTRs.Item(1).SubItem(2), "Aerospace Fighter");
     EXPECT_EQ(dlg.lvFTRs.Item(2).SubItem(2), "Omni-Fighter");
-    const int16_t got = zShowFOpen("Delete Fighter", "&Delete", [](frmFOpen& d) {
+    const int16_t got = ShowPicker<frmFOpen>("Delete Fighter", "&Delete", [](frmFOpen& d) {
         d.Form_Activate();
         d.lvFTRs.Select(1);
         d.lvFTRs.DblClick();
@@ -154,13 +165,13 @@ TEST(SearchList, TypingSelectsTheFirstMatchAndEnterPicks) {
     dlg.TSearch.SetText("xyz");  // no match: the selection stays
     EXPECT_EQ(dlg.LBoxSel.ListIndex(), 2);
 
-    dlg.Visible = true;
+    dlg.Window.SetVisible(true);
     key = 65;
     dlg.LBoxSel.KeyPress(key);
-    EXPECT_TRUE(dlg.Visible);
+    EXPECT_TRUE(dlg.Window.Visible());
     key = 13;
     dlg.LBoxSel.KeyPress(key);
-    EXPECT_FALSE(dlg.Visible);
+    EXPECT_FALSE(dlg.Window.Visible());
     EXPECT_EQ(dlg.wCancel, 0);
     EXPECT_EQ(dlg.wSelText, "lrm 20");
     EXPECT_EQ(dlg.wSelData, 33);

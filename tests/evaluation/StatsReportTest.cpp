@@ -253,19 +253,17 @@ TEST_F(StatsReportTest, WindowWithoutDesignIsReported) {
     f.Form_Load();
     ExpectOneReport("frmVStat.Form_Load", kErrInvalidCall);
     EXPECT_EQ(f.TStats.Text(), "");
-    bool closed = false;
-    f.Unloaded = [&] { closed = true; };
     f.Show();
     f.PButDone.DoClick();
-    EXPECT_TRUE(closed);
-    EXPECT_FALSE(f.Visible());
+    EXPECT_FALSE(f.Loaded);
+    EXPECT_FALSE(f.Window.Visible());
 }
 
 TEST_F(StatsReportTest, CostWindowFilledForAVehicleAndRefilled) {
     Vehicle v = Hover();
     Mount(v, {kMedLaser, kLRMAmmo, kLRM5, kMedLaser, kLRMAmmo});
     frmCost f;
-    EXPECT_EQ(f.Caption.Caption(), "Battle Stats and Cost");
+    EXPECT_EQ(f.Window.Caption(), "Battle Stats and Cost");
     EXPECT_EQ(f.lblAmmoSubtotal.Caption(), "Ammuntion Subtotal:");
     EXPECT_EQ(f.PButDone.Caption(), "&Done");
     f.lCV.SetVisible(false);
@@ -285,11 +283,9 @@ TEST_F(StatsReportTest, CostWindowFilledForAVehicleAndRefilled) {
     // Damage: 5 + 5 + 5 at 1 to 9 hexes, 5 to 21: 15 / 50 and 15 / (1 + 2 + 1).
     EXPECT_EQ(f.lDamVhl.Caption(), "0.3 points / ton");
     EXPECT_EQ(f.lDamWeap.Caption(), "3.8 points / ton");
-    bool closed = false;
-    f.Unloaded = [&] { closed = true; };
     f.Show();
     f.PButDone.DoClick();
-    EXPECT_TRUE(closed);
+    EXPECT_FALSE(f.Window.Visible());
 }
 
 }  // namespace

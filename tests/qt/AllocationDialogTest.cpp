@@ -41,7 +41,7 @@ protected:
         v->Items = std::move(items);
         model.vhl = v;
         model.Form_Load();
-        model.Visible = true;
+        model.Window.SetVisible(true);
         dlg = std::make_unique<qt::AllocationDialog>(model);
         dlg->show();
     }
@@ -211,7 +211,7 @@ TEST_F(QtAllocation, CloseBoxWritesNothing) {
     dlg->close();
     EXPECT_FALSE(dlg->isVisible());
     EXPECT_EQ(dlg->result(), QDialog::Rejected);
-    EXPECT_FALSE(model.Visible);
+    EXPECT_FALSE(model.Window.Visible());
     EXPECT_FALSE(model.wDone);
     EXPECT_EQ(v->Items[0].wLoc, -1);
     EXPECT_EQ(v->Items[1].wLoc, 99);

@@ -198,15 +198,13 @@ TEST(QtBinding, OptionButtonsKeepOneChosenAndTimerFollowsEnabled) {
 }
 
 namespace {
-class StubbornEditor : public IForm {
+class StubbornEditor : public FormModel {
 public:
-    StubbornEditor() { RegisterForm(this); }
-    ~StubbornEditor() override { UnregisterForm(this); }
-    std::string FormName() const override { return "frmVhl"; }
+    StubbornEditor() : FormModel("frmVhl") { Load(); }
     bool IsSaved() const override { return saved; }
-    void RequestUnload() override {
+    void Form_QueryUnload(bool& cancel) override {
         ++asked;
-        if (saved) UnregisterForm(this);
+        cancel = !saved;
     }
     bool saved = false;
     int asked = 0;
@@ -217,7 +215,7 @@ TEST(QtMainWindow, CloseBoxAndExitRunTheWalkOnce) {
     test::AppFolder app;
     test::ScopedFakeUi fake;
     frmMain model;
-    model.Form_Load();
+    model.Load();
     qt::MainWindow w(model);
     w.show();
     StubbornEditor editor;

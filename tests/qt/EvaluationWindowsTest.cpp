@@ -119,7 +119,7 @@ TEST_F(QtEvaluation, CostWindowShowsListsFiguresAndChart) {
 
     dlg.findChild<QPushButton*>("PButDone")->click();
     EXPECT_FALSE(dlg.isVisible());
-    EXPECT_FALSE(model.Visible());
+    EXPECT_FALSE(model.Window.Visible());
 }
 
 TEST_F(QtEvaluation, StatsWindowTextFollowsTheWindow) {

@@ -41,7 +41,7 @@ TEST_F(QtNewVehicle, CombosFollowTheModelAndABaseChangeRefillsTheLevels) {
     gDefVhlLevel = 2;
     frmNVhl model;
     model.Form_Load();
-    model.Visible = true;
+    model.Window.SetVisible(true);
     qt::NewVehicleDialog dlg(model);
     dlg.show();
     EXPECT_EQ(dlg.windowTitle(), "New Vehicle");
@@ -89,19 +89,19 @@ TEST_F(QtNewVehicle, ARefusedCreateKeepsTheDialogAndCancelEndsIt) {
         stillOpen = dlg->isVisible();
         QTest::mouseClick(dlg->findChild<QPushButton*>("PButCancel"), Qt::LeftButton);
     });
-    qt::zShowNewVehicle(model, nullptr);
+    zShowModal(model);
     EXPECT_TRUE(stillOpen);
     ASSERT_EQ(fake.ui.boxes.size(), 1u);
     EXPECT_EQ(fake.ui.LastBox().text,
               "Clan Super Heavy Tanks are not allowed. This tank must be an Inner Sphere vehicle.");
     EXPECT_EQ(model.wCancel, -1);
-    EXPECT_FALSE(model.Visible);
+    EXPECT_FALSE(model.Window.Visible());
 
     // Escape is a cancel.
     frmNVhl again;
     again.Form_Load();
     again.wCancel = 0;  // only the cancel may set it
     QTimer::singleShot(0, [&] { QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Escape); });
-    qt::zShowNewVehicle(again, nullptr);
+    zShowModal(again);
     EXPECT_EQ(again.wCancel, -1);
 }

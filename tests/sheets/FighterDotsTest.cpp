@@ -4,7 +4,7 @@
 
 #include <cmath>
 
-#include "refdata/DiagramGeometry.h"
+#include "databuild/DiagramGeometry.h"
 #include "sheets/FighterDots.h"
 
 using namespace bw;

@@ -8,6 +8,7 @@
 #include "database/DatabaseOps.h"
 #include "shell/frmMain.h"
 #include "support/AppFolder.h"
+#include "support/FakeFormHost.h"
 #include "support/FakeUi.h"
 #include "vehicle/EditorTestSupport.h"
 
@@ -18,22 +19,19 @@ namespace {
 
 // An editor that asks about unsaved work: it stays when its answer is to
 // refuse, otherwise it unloads.
-class FakeEditor : public IForm {
+class FakeEditor : public FormModel {
 public:
     FakeEditor(std::string name, bool saved, bool refuses, std::vector<std::string>* log)
-        : name_(std::move(name)), saved_(saved), refuses_(refuses), log_(log) {
-        RegisterForm(this);
+        : FormModel(std::move(name)), saved_(saved), refuses_(refuses), log_(log) {
+        Load();
     }
-    ~FakeEditor() override { UnregisterForm(this); }
-    std::string FormName() const override { return name_; }
     bool IsSaved() const override { return saved_; }
-    void RequestUnload() override {
-        log_->push_back("asked " + name_ + (refuses_ ? " (stays)" : ""));
-        if (!refuses_) UnregisterForm(this);
+    void Form_QueryUnload(bool& cancel) override {
+        log_->push_back("asked " + FormName() + (refuses_ ? " (stays)" : ""));
+        cancel = refuses_;
     }
 
 private:
-    std::string name_;
     bool saved_, refuses_;
     std::vector<std::string>* log_;
 };
@@ -102,31 +100,32 @@ TEST_F(MainFixture, DropShipAndWarShipButtonsShowTheNotice) {
 TEST_F(MainFixture, AnEditorThatRefusesDoesNotStopTheWalk) {
     std::vector<std::string> log;
     frmMain m;
+    m.Load();
     FakeEditor older("frmVhl", false, false, &log);  // unsaved, lets go
     FakeEditor report("frmCost", true, false, &log);
     FakeEditor newer("frmFtr", false, true, &log);   // asked first, refuses
     gOpenLast = 0;
     bool cancel = false;
-    m.Form_Unload(cancel);
+    m.Form_QueryUnload(cancel);
     EXPECT_TRUE(cancel);
     EXPECT_TRUE(m.wUnloadCancelled);
     EXPECT_EQ(log, (std::vector<std::string>{"asked frmFtr (stays)", "asked frmCost", "asked frmVhl"}));
     // Only the refusing editor and the main window are left.
-    EXPECT_EQ(gForms(), (std::vector<IForm*>{&m, &newer}));
+    EXPECT_EQ(gForms(), (std::vector<FormModel*>{&m, &newer}));
 }
 
 TEST_F(MainFixture, ExitClosesOnlyWhenNoEditorRefuses) {
     std::vector<std::string> log;
+    ScopedFakeFormHost host;
     frmMain m;
-    int closed = 0;
-    m.CloseWindow = [&] { ++closed; };
+    m.Load();
     {
         FakeEditor stubborn("frmVhl", false, true, &log);
-        m.RequestUnload();
-        EXPECT_EQ(closed, 0);
+        EXPECT_FALSE(m.Unload());
+        EXPECT_TRUE(host->closed.empty());
     }
     m.mnuFileExit.Click();  // Exit only asks the main window to unload
-    EXPECT_EQ(closed, 1);
+    EXPECT_EQ(host->closed, std::vector<std::string>{"frmMain"});
 }
 
 TEST_F(MainFixture, SavedEditorsAndOtherWindowsDoNotRefuse) {
@@ -135,7 +134,7 @@ TEST_F(MainFixture, SavedEditorsAndOtherWindowsDoNotRefuse) {
     FakeEditor saved("frmVhl", true, true, &log);
     FakeEditor search("frmSrch", false, false, &log);
     bool cancel = true;
-    m.Form_Unload(cancel);
+    m.Form_QueryUnload(cancel);
     EXPECT_FALSE(cancel);
     EXPECT_EQ(log.size(), 2u);
 }
@@ -147,13 +146,13 @@ TEST_F(MainFixture, LastDatabaseIsStoredWhenAskedEvenIfRefused) {
     gDatabasePath = "/data/my designs.bwd";
     gOpenLast = 1;
     bool cancel = false;
-    m.Form_Unload(cancel);
+    m.Form_QueryUnload(cancel);
     EXPECT_TRUE(cancel);
     EXPECT_EQ(fake.settings.Get("General", "LastDB", "<none>"), "/data/my designs.bwd");
 
     gOpenLast = 0;
     gDatabasePath = "/elsewhere.bwd";
-    m.Form_Unload(cancel);
+    m.Form_QueryUnload(cancel);
     EXPECT_EQ(fake.settings.Get("General", "LastDB", "<none>"), "/data/my designs.bwd");
 }
 

@@ -19,6 +19,7 @@
 #include "shell/frmFOpen.h"
 #include "shell/frmMain.h"
 #include "shell/frmVOpen.h"
+#include "support/FakeFormHost.h"
 #include "vehicle/EditorTestSupport.h"
 #include "vehicle/VehicleTestSupport.h"
 #include "vehicle/frmNVhl.h"
@@ -43,10 +44,9 @@ protected:
     ScopedWeapons weapons;
     int16_t savedExpand = gExpandSel;
     int16_t savedOpenLast = gOpenLast;
+    // The window system; the editors the commands hand over live in it.
+    ScopedFakeFormHost host;
     frmMain m;
-    // The editors the commands handed over, in order; declared after the
-    // main window so that they go first.
-    std::vector<std::unique_ptr<frmVhl>> editors;
     std::deque<Choice> choices;
     int newShown = 0;
     // What the vehicle picker does when shown: the name of the row to click
@@ -55,11 +55,12 @@ protected:
     std::vector<std::string> pickerCaptions;
 
     void SetUp() override {
-        m.Form_Load();
+        m.Load();
         gDatabasePath = app.dir.File("works.bwd");
-        m.ShowNewVehicle = [this](frmNVhl& d) {
+        host->onShow["frmNVhl"] = [this](FormModel& f) {
+            auto& d = static_cast<frmNVhl&>(f);
             ++newShown;
-            EXPECT_TRUE(d.Visible);
+            EXPECT_TRUE(d.Window.Visible());
             EXPECT_EQ(d.cmboType.ListCount(), 8) << "the dialog is loaded before it is shown";
             ASSERT_FALSE(choices.empty());
             const Choice c = choices.front();
@@ -74,10 +75,9 @@ protected:
             d.cmboType.SetListIndex(c.type);
             d.PButCreate.DoClick();
         };
-        m.ShowVehicleEditor = [this](std::unique_ptr<frmVhl> e) { editors.push_back(std::move(e)); };
-        m.ShowVehiclePicker = [this](frmVOpen& d) {
-            pickerCaptions.push_back(d.Caption + "|" + d.PButOpen.Caption());
-            d.Form_Activate();
+        host->onShow["frmVOpen"] = [this](FormModel& f) {
+            auto& d = static_cast<frmVOpen&>(f);
+            pickerCaptions.push_back(d.Window.Caption() + "|" + d.PButOpen.Caption());
             if (pickName.empty()) {
                 d.PButCancel.DoClick();
                 return;
@@ -91,8 +91,15 @@ protected:
             ADD_FAILURE() << "no row named " << pickName;
         };
     }
+    // The editors the commands handed over, in order.
+    std::vector<frmVhl*> Editors() const {
+        std::vector<frmVhl*> out;
+        for (const auto& f : host.host.adopted)
+            if (auto* e = dynamic_cast<frmVhl*>(f.get())) out.push_back(e);
+        return out;
+    }
     void TearDown() override {
-        editors.clear();
+        host->adopted.clear();
         gExpandSel = savedExpand;
         gOpenLast = savedOpenLast;
         zResetDatabase();
@@ -100,17 +107,17 @@ protected:
 
     frmVhl& New(int16_t type, int16_t base = 0, int16_t level = 3) {
         choices.push_back({base, level, type});
-        const size_t before = editors.size();
+        const size_t before = Editors().size();
         m.mnuVhlNew.DoClick();
-        EXPECT_EQ(editors.size(), before + 1);
-        return *editors.back();
+        EXPECT_EQ(Editors().size(), before + 1);
+        return *Editors().back();
     }
     frmVhl& Open(const std::string& name) {
         pickName = name;
-        const size_t before = editors.size();
+        const size_t before = Editors().size();
         m.mnuVhlOpen.DoClick();
-        EXPECT_EQ(editors.size(), before + 1);
-        return *editors.back();
+        EXPECT_EQ(Editors().size(), before + 1);
+        return *Editors().back();
     }
 
     // Puts the given points on each location, then all that is left on the
@@ -257,8 +264,8 @@ TEST_F(VehicleCommands, MenusAndToolbarReachTheVehicleCommands) {
 
     choices.push_back({0, 2, kVhlWheeled});
     m.TBarMain_ButtonClick("butVHLNew");
-    ASSERT_EQ(editors.size(), 1u);
-    EXPECT_EQ(editors[0]->LVehicleType.Caption(), "Wheeled");
+    ASSERT_EQ(Editors().size(), 1u);
+    EXPECT_EQ(Editors()[0]->LVehicleType.Caption(), "Wheeled");
 
     // Open on an empty database refuses before any picker shows.
     m.TBarMain_ButtonClick("butVHLOpen");
@@ -271,7 +278,7 @@ TEST_F(VehicleCommands, MenusAndToolbarReachTheVehicleCommands) {
     m.TBarMain_ButtonClick("butVHLDel");
     EXPECT_EQ(pickerCaptions, (std::vector<std::string>{"Delete Vehicle|&Delete"}));
     EXPECT_EQ(fake.ui.boxes.size(), 1u);
-    EXPECT_EQ(editors.size(), 1u);
+    EXPECT_EQ(Editors().size(), 1u);
 }
 
 TEST_F(VehicleCommands, NewVehicleAppliesTheChoicesAndStartsAtFiveTonsOneMovementPoint) {
@@ -317,14 +324,14 @@ TEST_F(VehicleCommands, TwoNewVehiclesAreIndependentAndCascade) {
     EXPECT_EQ(a.vhl->WeaponCount(), 0);
     EXPECT_EQ(a.tvSelectedEq.Count(), 0);
     // Both are loaded windows the shutdown walk will ask.
-    EXPECT_EQ(gForms(), (std::vector<IForm*>{&m, &a, &b}));
+    EXPECT_EQ(gForms(), (std::vector<FormModel*>{&m, &a, &b}));
 }
 
 TEST_F(VehicleCommands, CancelARefusedCreateOrNoWindowSystemMakesNothing) {
     choices.push_back({0, 3, kVhlTracked, true});
     m.mnuVhlNew.DoClick();
     EXPECT_EQ(newShown, 1);
-    EXPECT_TRUE(editors.empty());
+    EXPECT_TRUE(Editors().empty());
     EXPECT_EQ(fake.ui.pointerWaits, 0);
 
     // A super heavy tank below level 3 is refused and the dialog stays; a
@@ -333,21 +340,22 @@ TEST_F(VehicleCommands, CancelARefusedCreateOrNoWindowSystemMakesNothing) {
     m.mnuVhlNew.DoClick();
     ASSERT_EQ(fake.ui.boxes.size(), 1u);
     EXPECT_EQ(fake.ui.LastBox().title, "Unable to create vehicle");
-    EXPECT_TRUE(editors.empty());
-    EXPECT_EQ(gForms(), (std::vector<IForm*>{&m}));
+    EXPECT_TRUE(Editors().empty());
+    EXPECT_EQ(gForms(), (std::vector<FormModel*>{&m}));
     EXPECT_EQ(m.wStartCount, 0) << "the cascade did not move";
 
-    // With no window system for the dialog nothing is shown and nothing made;
-    // with none for the editor, the editor goes away cleanly.
-    const auto dialog = m.ShowNewVehicle;
-    m.ShowNewVehicle = nullptr;
+    // With nobody to answer the dialog nothing is made; with no window
+    // system at all, the editor goes away cleanly.
+    const auto dialog = host->onShow["frmNVhl"];
+    host->onShow.erase("frmNVhl");
     m.mnuVhlNew.DoClick();
-    EXPECT_TRUE(editors.empty());
-    m.ShowNewVehicle = dialog;
-    m.ShowVehicleEditor = nullptr;
+    EXPECT_TRUE(Editors().empty());
+    host->onShow["frmNVhl"] = dialog;
+    SetFormHost(nullptr);
     choices.push_back({0, 1, kVhlTracked});
     m.mnuVhlNew.DoClick();
-    EXPECT_EQ(gForms(), (std::vector<IForm*>{&m}));
+    SetFormHost(&host.host);
+    EXPECT_EQ(gForms(), (std::vector<FormModel*>{&m}));
     EXPECT_EQ(fake.ui.boxes.size(), 1u);
 }
 
@@ -545,7 +553,7 @@ TEST_F(VehicleCommands, OpenAndDeleteGoThroughThePickerWithTheirOwnWords) {
     }
     pickName.clear();  // cancel
     m.mnuVhlOpen.DoClick();
-    EXPECT_EQ(editors.size(), 2u);
+    EXPECT_EQ(Editors().size(), 2u);
     EXPECT_EQ(pickerCaptions.back(), "Open Vehicle|&Open");
     EXPECT_EQ(Open("Bravo").vhl->Name, "Bravo");
 
@@ -578,7 +586,7 @@ TEST_F(VehicleCommands, OpenAndDeleteGoThroughThePickerWithTheirOwnWords) {
     EXPECT_EQ(gVehicles[0]->Name, "");
     m.mnuVhlOpen.DoClick();
     EXPECT_EQ(fake.ui.LastBox().title, "No Vehicles");
-    EXPECT_EQ(editors.size(), 3u);
+    EXPECT_EQ(Editors().size(), 3u);
 }
 
 TEST_F(VehicleCommands, ADoubleClickPicksOnlyOnceARowWasClicked) {
@@ -586,53 +594,45 @@ TEST_F(VehicleCommands, ADoubleClickPicksOnlyOnceARowWasClicked) {
     e.TName.SetText("Only");
     Save(e);
     int shown = 0;
-    m.ShowVehiclePicker = [&](frmVOpen& d) {
+    host->onShow["frmVOpen"] = [&](FormModel& f) {
+        auto& d = static_cast<frmVOpen&>(f);
         ++shown;
-        d.Form_Activate();
         EXPECT_FALSE(d.PButOpen.Enabled());
         d.lvVHLs.DblClick();  // nothing clicked yet: nothing picked
-        EXPECT_TRUE(d.Visible);
+        EXPECT_TRUE(d.Window.Visible());
         d.lvVHLs.Select(0);
         d.lvVHLs.DblClick();
-        EXPECT_FALSE(d.Visible);
+        EXPECT_FALSE(d.Window.Visible());
     };
     m.mnuVhlOpen.DoClick();
     EXPECT_EQ(shown, 1);
-    ASSERT_EQ(editors.size(), 2u);
-    EXPECT_EQ(editors[1]->vhl->Name, "Only");
+    ASSERT_EQ(Editors().size(), 2u);
+    EXPECT_EQ(Editors()[1]->vhl->Name, "Only");
 
-    // Without a picker window nothing is picked.
-    m.ShowVehiclePicker = nullptr;
+    // A picker nobody answers picks nothing.
+    host->onShow.erase("frmVOpen");
     m.mnuVhlOpen.DoClick();
-    EXPECT_EQ(editors.size(), 2u);
+    EXPECT_EQ(Editors().size(), 2u);
 }
 
-TEST_F(VehicleCommands, TheFighterPickerIsReachedThroughTheSameHook) {
+TEST_F(VehicleCommands, TheFighterPickerServesOpenAndDelete) {
     auto f = std::make_shared<Fighter>();
     f->Name = "Sparrow";
     gFighters[0] = f;
     std::string seen;
-    m.ShowFighterPicker = [&](frmFOpen& d) {
-        seen = d.Caption + "|" + d.PButOpen.Caption();
-        d.Form_Activate();
+    host->onShow["frmFOpen"] = [&](FormModel& f) {
+        auto& d = static_cast<frmFOpen&>(f);
+        seen = d.Window.Caption() + "|" + d.PButOpen.Caption();
         ASSERT_EQ(d.lvFTRs.Count(), 1);
         d.lvFTRs.Select(0);
         d.PButOpen.DoClick();
     };
-    EXPECT_EQ(zPickFighterToOpen(), 0);
+    EXPECT_EQ(m.zPickFighterToOpen(), 0);
     EXPECT_EQ(seen, "Open Fighter|&Open");
-    EXPECT_EQ(m.zPickDesign(DesignKind::Fighter, "Delete Fighter", "&Delete"), 0);
+    EXPECT_EQ(m.zPickFighter("Delete Fighter", "&Delete"), 0);
     EXPECT_EQ(seen, "Delete Fighter|&Delete");
-    m.ShowFighterPicker = nullptr;
-    EXPECT_EQ(zPickFighterToOpen(), -1);
-
-    // The main window takes its picker away when it goes.
-    {
-        frmMain other;
-        other.Form_Load();
-        EXPECT_TRUE(static_cast<bool>(gPickDesign));
-    }
-    EXPECT_FALSE(static_cast<bool>(gPickDesign));
+    host->onShow.erase("frmFOpen");
+    EXPECT_EQ(m.zPickFighterToOpen(), -1);
 }
 
 // ---- Shutdown over real editors ----------------------------------------------
@@ -652,19 +652,19 @@ TEST_F(VehicleCommands, ShutdownAsksEachUnsavedEditorTheseCommandsMade) {
     fake.ui.boxes.clear();
     fake.ui.answers = {MsgResult::No, MsgResult::Cancel};
     bool cancel = false;
-    m.Form_Unload(cancel);
+    m.Form_QueryUnload(cancel);
     EXPECT_TRUE(cancel);
     ASSERT_EQ(fake.ui.boxes.size(), 2u);
     for (const auto& box : fake.ui.boxes) {
         EXPECT_EQ(box.title, "Save?");
         EXPECT_EQ(box.text, "This vehicle is not yet saved, would you like to save it?");
     }
-    EXPECT_EQ(gForms(), (std::vector<IForm*>{&m, &a}));
+    EXPECT_EQ(gForms(), (std::vector<FormModel*>{&m, &a}));
     EXPECT_FALSE(opened.Loaded);
 
     // Asked again, a lets go and the walk ends the program.
     fake.ui.answers = {MsgResult::No};
-    m.Form_Unload(cancel);
+    m.Form_QueryUnload(cancel);
     EXPECT_FALSE(cancel);
-    EXPECT_EQ(gForms(), (std::vector<IForm*>{&m}));
+    EXPECT_EQ(gForms(), (std::vector<FormModel*>{&m}));
 }

@@ -30,7 +30,7 @@ protected:
         gDefVhlBase = base;
         gDefVhlLevel = level;
         d.Form_Load();
-        d.Visible = true;
+        d.Window.SetVisible(true);
     }
 };
 
@@ -88,15 +88,15 @@ TEST_F(NewVehicleDialog, CancelAndCreate) {
     Load(dlg, 0, 0, 1);
     dlg.PButCancel.DoClick();
     EXPECT_EQ(dlg.wCancel, -1);
-    EXPECT_FALSE(dlg.Visible);
+    EXPECT_FALSE(dlg.Window.Visible());
 
     // Clan level 2 is fine for every type but the super heavy tank.
-    dlg.Visible = true;
+    dlg.Window.SetVisible(true);
     dlg.cmboBase.SetListIndex(1);
     dlg.cmboType.SetListIndex(3);
     dlg.PButCreate.DoClick();
     EXPECT_EQ(dlg.wCancel, 0);
-    EXPECT_FALSE(dlg.Visible);
+    EXPECT_FALSE(dlg.Window.Visible());
     EXPECT_TRUE(fake.ui.boxes.empty());
 }
 
@@ -119,7 +119,7 @@ TEST_F(NewVehicleDialog, SuperHeavyTankOnlyInnerSphereLevelThree) {
         ASSERT_EQ(fake.ui.boxes.size(), 1u);
         EXPECT_EQ(LastShown(fake.ui), (Shown{"Unable to create vehicle", c.text, MsgIcon::Information}));
         // The dialog stays with the choices as they were.
-        EXPECT_TRUE(dlg.Visible);
+        EXPECT_TRUE(dlg.Window.Visible());
         EXPECT_EQ(dlg.wCancel, -1);
         EXPECT_EQ(dlg.TechBase(), c.base);
         EXPECT_EQ(dlg.cmboLevel.Text(), level);
@@ -131,5 +131,5 @@ TEST_F(NewVehicleDialog, SuperHeavyTankOnlyInnerSphereLevelThree) {
     dlg.PButCreate.DoClick();
     EXPECT_TRUE(fake.ui.boxes.empty());
     EXPECT_EQ(dlg.wCancel, 0);
-    EXPECT_FALSE(dlg.Visible);
+    EXPECT_FALSE(dlg.Window.Visible());
 }

@@ -3,11 +3,14 @@
 // happens only through PButDone.
 #include <gtest/gtest.h>
 
+#include <functional>
+
 #include <memory>
 
 #include "EditorTestSupport.h"
 #include "VehicleTestSupport.h"
 #include "database/DatabaseOps.h"
+#include "support/FakeFormHost.h"
 #include "support/NewEditor.h"
 #include "support/RaisesError.h"
 #include "vehicle/frmVEQ.h"
@@ -360,13 +363,10 @@ TEST_F(AllocationTest, SponsonsBalanceByTheFiguresAsShownAndDoneCloses) {
     Drop(7, "Three Tenths (#1)");
     EXPECT_EQ(w->LSponsonLeftTonnage.Caption(), "0.3 tons mounted");
     EXPECT_EQ(w->LSponsonLeftTonnage.ForeColor(), kBlack);
-    int closed = 0;
-    w->Unloaded = [&] { ++closed; };
-    w->Visible = true;
+    w->Window.SetVisible(true);
     w->PButDone.DoClick();
     EXPECT_TRUE(fake.ui.boxes.empty());
-    EXPECT_EQ(closed, 1);
-    EXPECT_FALSE(w->Visible);
+    EXPECT_FALSE(w->Window.Visible());
     EXPECT_TRUE(w->wDone);
     EXPECT_EQ(Places(), (std::vector<int16_t>{6, 6, 7}));
 }
@@ -375,9 +375,7 @@ TEST_F(AllocationTest, UnbalancedSponsonsKeepTheWindowOpen) {
     Open(kTracked, {Used(kMedLaser, 1, -1), Used(kLargeLaser, 1, -1)}, {kSponsons});
     Drop(6, "Medium Laser (#1)");
     Drop(7, "Large Laser (#1)");
-    int closed = 0;
-    w->Unloaded = [&] { ++closed; };
-    w->Visible = true;
+    w->Window.SetVisible(true);
     w->PButDone.DoClick();
     ASSERT_EQ(fake.ui.boxes.size(), 1u);
     EXPECT_EQ(LastShown(fake.ui),
@@ -386,9 +384,8 @@ TEST_F(AllocationTest, UnbalancedSponsonsKeepTheWindowOpen) {
                      "each of the sponson turrets. This equipment does not need to be the same type, just have the "
                      "same total weight.",
                      MsgIcon::Critical}));
-    EXPECT_TRUE(w->Visible);
+    EXPECT_TRUE(w->Window.Visible());
     EXPECT_FALSE(w->wDone);
-    EXPECT_EQ(closed, 0);
     EXPECT_EQ(Places(), (std::vector<int16_t>{-1, -1}));
 
     // Without sponsons the figures are not looked at.
@@ -417,6 +414,12 @@ TEST_F(AllocationTest, DoneWritesEveryListsPlace) {
 class AllocationRoadTest : public AllocationTest {
 protected:
     std::unique_ptr<frmVhl> ed;
+    test::ScopedFakeFormHost host;
+    // Runs the editor's allocation with user as the window's user.
+    void RunAllocation(frmVhl& e, std::function<void(frmVEQ&)> user) {
+        host->onShow["frmVEQ"] = [user](FormModel& f) { user(static_cast<frmVEQ&>(f)); };
+        zRunAllocation(e);
+    }
     void TearDown() override {
         ed.reset();
         zResetDatabase();
@@ -433,16 +436,15 @@ TEST_F(AllocationRoadTest, DoneWritesBackAndRefreshesTheEditor) {
     frmVhl& e = Editor();
     ASSERT_NE(e.tvSelectedEq.Find("loc-1"), nullptr);
     int shown = 0;
-    e.ShowAllocation = [&](frmVhl& editor) {
-        zRunAllocation(editor, [&](frmVEQ& f) {
-            ++shown;
-            EXPECT_TRUE(f.Visible);
-            EXPECT_EQ(f.vhl, editor.vhl);  // the editor's own design, not a copy
-            EXPECT_EQ(Lines(f.LBoxAvail), Texts{"Medium Laser (#1)"});
-            f.LBoxAvail.SetListIndex(0);
-            f.LBoxLoc_DragDrop(2, &f.LBoxAvail);
-            f.PButDone.DoClick();
-        });
+    host->onShow["frmVEQ"] = [&](FormModel& form) {
+        auto& f = static_cast<frmVEQ&>(form);
+        ++shown;
+        EXPECT_TRUE(f.Window.Visible());
+        EXPECT_EQ(f.vhl, e.vhl);  // the editor's own design, not a copy
+        EXPECT_EQ(Lines(f.LBoxAvail), Texts{"Medium Laser (#1)"});
+        f.LBoxAvail.SetListIndex(0);
+        f.LBoxLoc_DragDrop(2, &f.LBoxAvail);
+        f.PButDone.DoClick();
     };
     e.PButAllocate.DoClick();
     EXPECT_EQ(shown, 1);
@@ -459,7 +461,7 @@ TEST_F(AllocationRoadTest, TurretWeightFollowsTheWeaponsPutInIt) {
     ASSERT_EQ(e.vhl->HasTurret, kTrue);
     ASSERT_EQ(e.vhl->TurretTonnage, 0.0);
     const double totalBefore = e.vhl->TotalTonnage;
-    zRunAllocation(e, [&](frmVEQ& f) {
+    RunAllocation(e, [&](frmVEQ& f) {
         f.LBoxAvail.SetListIndex(0);
         f.LBoxLoc_DragDrop(kLocTurret, &f.LBoxAvail);
         f.PButDone.DoClick();
@@ -476,7 +478,7 @@ TEST_F(AllocationRoadTest, ClosingByTheWindowControlChangesNothing) {
     const auto before = e.vhl->Items;
     int refreshes = 0;
     e.tvSelectedEq.Subscribe([&] { ++refreshes; });
-    zRunAllocation(e, [&](frmVEQ& f) {
+    RunAllocation(e, [&](frmVEQ& f) {
         f.LBoxAvail.SetListIndex(0);
         f.LBoxLoc_DragDrop(0, &f.LBoxAvail);
         f.LBoxLoc(99).SetListIndex(0);

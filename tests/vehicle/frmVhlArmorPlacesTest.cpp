@@ -6,7 +6,7 @@
 #include <memory>
 
 #include "database/DatabaseOps.h"
-#include "refdata/DiagramGeometry.h"
+#include "databuild/DiagramGeometry.h"
 #include "VehicleTestSupport.h"
 #include "support/NewEditor.h"
 #include "vehicle/frmVhl.h"

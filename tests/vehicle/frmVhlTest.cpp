@@ -13,6 +13,8 @@
 #include "core/Helpers.h"
 #include "core/Settings.h"
 #include "database/DatabaseOps.h"
+#include "shell/frmMain.h"
+#include "support/FakeFormHost.h"
 #include "support/NewEditor.h"
 
 using namespace bw;
@@ -281,8 +283,12 @@ namespace {
 // A 50-ton tracked design at 4 points, 24.5 t before armor, named.
 class SaveTest : public EditorTest {
 protected:
+    // The editor saves through the window that opened it.
+    frmMain main;
+    test::ScopedFakeFormHost host;
     frmVhl& Ready(int16_t armorHalfTons) {
         New(kVhlTracked);
+        win->Owner = &main;
         win->scrlTonnage.SetValue(50);
         win->scrlSpeed.SetValue(4);
         win->scrlArmorTonnage.SetValue(armorHalfTons);
@@ -386,12 +392,10 @@ TEST_F(SaveTest, CloseQuestion) {
     EXPECT_TRUE(win->Loaded);
 
     // Yes and saved: the window goes.
-    int closed = 0;
-    win->CloseWindow = [&] { ++closed; };
     fake.ui.answers = {MsgResult::Yes, MsgResult::Yes};
     win->PButClose.DoClick();
     EXPECT_FALSE(win->Loaded);
-    EXPECT_EQ(closed, 1);
+    EXPECT_EQ(host->closed, std::vector<std::string>{"frmVhl"});
     EXPECT_TRUE(gForms().empty());
     EXPECT_EQ(gVehicles[0].get(), win->vhl.get());
     EXPECT_EQ(win->vhl->frm, nullptr);
@@ -400,14 +404,14 @@ TEST_F(SaveTest, CloseQuestion) {
 TEST_F(SaveTest, NoLosesTheChangesAndASavedDesignAsksNothing) {
     Ready(20);
     fake.ui.answers = {MsgResult::No};
-    win->RequestUnload();
+    win->Unload();
     EXPECT_FALSE(win->Loaded);
     EXPECT_FALSE(zFileExists(gDatabasePath));
 
     Ready(20);
     win->zSetSaved(kTrue);
     fake.ui.boxes.clear();
-    win->RequestUnload();
+    win->Unload();
     EXPECT_TRUE(fake.ui.boxes.empty());
     EXPECT_FALSE(win->Loaded);
 }

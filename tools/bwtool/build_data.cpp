@@ -12,7 +12,7 @@
 #include "core/BinaryIO.h"
 #include "core/Errors.h"
 #include "core/Globals.h"
-#include "refdata/DiagramSources.h"
+#include "databuild/DiagramSources.h"
 #include "refdata/DiagramTables.h"
 #include "refdata/Weapons.h"
 

@@ -13,7 +13,7 @@
 #include "Commands.h"
 #include "core/BinaryIO.h"
 #include "core/Errors.h"
-#include "refdata/DiagramGeometry.h"
+#include "databuild/DiagramGeometry.h"
 #include "sheets/FighterDots.h"
 
 namespace fs = std::filesystem;

@@ -11,8 +11,7 @@
 #include "core/Globals.h"
 #include "core/Startup.h"
 #include "core/Ui.h"
-#include "refdata/DiagramTables.h"
-#include "refdata/Weapons.h"
+#include "refdata/Loaders.h"
 
 namespace {
 
@@ -36,9 +35,7 @@ int RunTimeStartup(const std::vector<std::string>& args) {
         std::fprintf(stderr, "run-time error %d: %s\n", e.Number(), e.Description().c_str());
         return 1;
     }
-    ok = bw::zLoadWeapons() && ok;
-    ok = bw::zLoadArmor() && ok;
-    ok = bw::zLoadInternal() && ok;
+    for (bool (*load)() : bw::zReferenceLoaders()) ok = load() && ok;
     ok = bw::zCheckFiles() && ok;
     const auto t1 = std::chrono::steady_clock::now();
     bw::SetUi(nullptr);

@@ -30,19 +30,12 @@ const int16_t kLocs[] = {0, 1, 2, 3, 4, 5, 6, 7, kLocBody};
 // under a drag); -1 is the style's own.
 void BindBackColor(QListWidget* w, ListBox& c) {
     const QPalette normal = w->palette();
-    QPointer<QListWidget> guard(w);
-    auto refresh = [&c, normal](QListWidget* x) {
+    Watch(w, c, [&c, normal](QListWidget* x) {
         QPalette p = normal;
         if (const int32_t col = c.BackColor(); col >= 0)
             p.setColor(QPalette::Base, QColor(col & 0xFF, (col >> 8) & 0xFF, (col >> 16) & 0xFF));
         x->setPalette(p);
-    };
-    const int id = c.Subscribe([guard, refresh] {
-        if (guard) refresh(guard.data());
     });
-    Control* model = &c;
-    QObject::connect(w, &QObject::destroyed, [model, id] { model->Unsubscribe(id); });
-    refresh(w);
 }
 
 QByteArray Payload(const Control& c, const frmVEQ& model) {
@@ -118,9 +111,7 @@ void AllocationList::dropEvent(QDropEvent* e) {
     QTimer::singleShot(0, this, [this, source] { model_.LBoxLoc_DragDrop(loc_, source); });
 }
 
-AllocationDialog::AllocationDialog(frmVEQ& model, QWidget* parent) : QDialog(parent), model_(model) {
-    setObjectName("frmVEQ");
-    setWindowTitle(tr("Equipment Allocation"));
+AllocationDialog::AllocationDialog(frmVEQ& model, QWidget* parent) : BoundDialog(model, parent), model_(model) {
     setModal(true);
 
     // One location: its caption over its list, and for a sponson the figure
@@ -189,28 +180,12 @@ AllocationDialog::AllocationDialog(frmVEQ& model, QWidget* parent) : QDialog(par
     auto* outer = new QVBoxLayout(this);
     outer->addLayout(grid, 1);
     outer->addLayout(bottom);
-
-    model_.Unloaded = [this] { accept(); };
 }
-
-AllocationDialog::~AllocationDialog() { model_.Unloaded = nullptr; }
 
 AllocationList* AllocationDialog::Loc(int16_t i) const {
     if (i == kLocBody) return body_;
     if (i < 0 || i > 7) return nullptr;
     return locs_[static_cast<size_t>(i)];
-}
-
-void AllocationDialog::reject() {
-    model_.Visible = false;
-    QDialog::reject();
-}
-
-void zShowAllocation(frmVhl& editor, QWidget* parent) {
-    zRunAllocation(editor, [parent](frmVEQ& f) {
-        AllocationDialog dlg(f, parent);
-        dlg.exec();
-    });
 }
 
 }  // namespace bw::qt

@@ -4,7 +4,7 @@
 // move.
 #pragma once
 
-#include <QDialog>
+#include "shell/qt/FormHost.h"
 #include <QListWidget>
 
 #include <array>
@@ -46,20 +46,19 @@ private:
     const Control* SourceOf(const QMimeData* m) const;
 };
 
-class AllocationDialog : public QDialog {
+class AllocationDialog : public BoundDialog {
     Q_OBJECT
 public:
     explicit AllocationDialog(frmVEQ& model, QWidget* parent = nullptr);
-    ~AllocationDialog() override;
 
     AllocationList* Avail() const { return avail_; }
     // 0 to 7 and 99.
     AllocationList* Loc(int16_t i) const;
 
-public slots:
-    // The title bar's close and Escape: the window goes without Done, so the
+    // The title bar's close and Escape hide the window without Done, so the
     // design keeps its places.
-    void reject() override;
+protected:
+    bool Accepted() const override { return model_.wDone; }
 
 private:
     frmVEQ& model_;
@@ -67,9 +66,5 @@ private:
     std::array<AllocationList*, 8> locs_{};
     AllocationList* body_ = nullptr;
 };
-
-// What the editor's PButAllocate runs in the program: the window on the
-// editor's design, modal, and the editor refreshed when Done closed it.
-void zShowAllocation(frmVhl& editor, QWidget* parent);
 
 }  // namespace bw::qt

@@ -26,20 +26,6 @@ std::string ToModel(const QString& s) {
 }
 
 namespace {
-// Subscribe for the life of the widget: the observer is dropped when the
-// widget goes, so a model that outlives its window never calls into freed
-// memory.
-template <class W, class F>
-void Watch(W* w, Control& c, F refresh) {
-    QPointer<W> guard(w);
-    int id = c.Subscribe([guard, refresh] {
-        if (guard) refresh(guard.data());
-    });
-    Control* model = &c;
-    QObject::connect(w, &QObject::destroyed, [model, id] { model->Unsubscribe(id); });
-    refresh(w);
-}
-
 QColor FromWinColor(int32_t c) { return QColor(c & 0xFF, (c >> 8) & 0xFF, (c >> 16) & 0xFF); }
 }  // namespace
 
@@ -340,7 +326,6 @@ void BindTreeView(QTreeWidget* w, TreeView& c) {
 }
 
 void BindTimer(QTimer* t, Timer& c) {
-    QPointer<QTimer> guard(t);
     auto refresh = [&c](QTimer* x) {
         if (c.Enabled() && c.Interval > 0) {
             if (!x->isActive() || x->interval() != c.Interval) x->start(c.Interval);
@@ -348,12 +333,7 @@ void BindTimer(QTimer* t, Timer& c) {
             x->stop();
         }
     };
-    int id = c.Subscribe([guard, refresh] {
-        if (guard) refresh(guard.data());
-    });
-    Timer* model = &c;
-    QObject::connect(t, &QObject::destroyed, [model, id] { model->Unsubscribe(id); });
-    refresh(t);
+    Watch(t, c, [refresh](QTimer* x) { refresh(x); });
     QObject::connect(t, &QTimer::timeout, [&c] { zTrapVoid(c.Name.c_str(), [&] { c.Tick(); }); });
 }
 
@@ -409,7 +389,6 @@ void BindProgress(QProgressBar* w, ProgressBar& c) {
 }
 
 void BindMenuItem(QAction* a, MenuItem& c) {
-    QPointer<QAction> guard(a);
     auto refresh = [&c](QAction* x) {
         x->setText(FromModel(c.Caption()));
         x->setEnabled(c.Enabled());
@@ -417,12 +396,7 @@ void BindMenuItem(QAction* a, MenuItem& c) {
         x->setCheckable(c.Checked());
         x->setChecked(c.Checked());
     };
-    int id = c.Subscribe([guard, refresh] {
-        if (guard) refresh(guard.data());
-    });
-    MenuItem* model = &c;
-    QObject::connect(a, &QObject::destroyed, [model, id] { model->Unsubscribe(id); });
-    refresh(a);
+    Watch(a, c, [refresh](QAction* x) { refresh(x); });
     QObject::connect(a, &QAction::triggered, [&c] { c.DoClick(); });
 }
 

@@ -4,6 +4,7 @@
 // with the widget's signals blocked so they are never echoed back.
 #pragma once
 
+#include <QPointer>
 #include <QAction>
 #include <QCheckBox>
 #include <QComboBox>
@@ -64,6 +65,23 @@ void BindMenuItem(QAction* a, MenuItem& c);
 void BindWindowTitle(QWidget* w, Control& c);
 
 // A new widget named after its model (so checks can find it) and bound to it.
+// The one way a widget watches a model: the observer lives as long as the
+// object, so a model that outlives its window never calls into freed
+// memory. refresh runs once at once, then on every change.
+template <class W, class F>
+void Watch(W* w, Control& c, F refresh) {
+    QPointer<W> guard(w);
+    const int id = c.Subscribe([guard, refresh] {
+        if (guard) refresh(guard.data());
+    });
+    Control* model = &c;
+    std::weak_ptr<const void> alive = c.Lifetime();
+    QObject::connect(w, &QObject::destroyed, [model, id, alive] {
+        if (!alive.expired()) model->Unsubscribe(id);
+    });
+    refresh(w);
+}
+
 template <class W, class M, class Bind>
 W* MakeBound(M& model, QWidget* parent, Bind bind) {
     auto* w = new W(parent);

@@ -113,9 +113,7 @@ void DamageChart::paintEvent(QPaintEvent*) {
                tr("Range (hexes)"));
 }
 
-CostDialog::CostDialog(frmCost& model, QWidget* parent) : QDialog(parent), model_(model) {
-    setObjectName("frmCost");
-    BindWindowTitle(this, model_.Caption);
+CostDialog::CostDialog(frmCost& model, QWidget* parent) : BoundDialog(model, parent), model_(model) {
     auto* outer = new QVBoxLayout(this);
     auto* tabs = new QTabWidget(this);
     tabs->setObjectName("tabCost");
@@ -181,25 +179,8 @@ CostDialog::CostDialog(frmCost& model, QWidget* parent) : QDialog(parent), model
     dl->addStretch(1);
     tabs->addTab(damage, tr("Damage"));
 
-    auto* done = new QPushButton(this);
-    done->setObjectName("PButDone");
-    BindButton(done, model_.PButDone);
-    auto* buttons = new QDialogButtonBox(this);
-    buttons->addButton(done, QDialogButtonBox::AcceptRole);
-    outer->addWidget(buttons);
-    model_.Unloaded = [this] { accept(); };
+    AddDoneFooter(this, outer, model_.PButDone);
     resize(820, 460);
-}
-
-CostDialog::~CostDialog() { model_.Unloaded = nullptr; }
-
-void ShowVehicleCost(const Vehicle& vhl, QWidget* parent) {
-    frmCost model;
-    CostDialog dlg(model, parent);
-    zFillVehicleCost(vhl, model);
-    model.Show();
-    dlg.exec();
-    model.Unload();
 }
 
 }  // namespace bw::qt

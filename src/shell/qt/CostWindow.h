@@ -2,7 +2,7 @@
 // figures, and the chart of maximum damage by range.
 #pragma once
 
-#include <QDialog>
+#include "shell/qt/FormHost.h"
 #include <QWidget>
 
 #include "evaluation/frmCost.h"
@@ -34,17 +34,14 @@ private:
     frmCost& model_;
 };
 
-class CostDialog : public QDialog {
+class CostDialog : public BoundDialog {
     Q_OBJECT
 public:
     explicit CostDialog(frmCost& model, QWidget* parent = nullptr);
-    ~CostDialog() override;
 
 private:
     frmCost& model_;
 };
 
-// Fills the window for a vehicle and shows it modally.
-void ShowVehicleCost(const Vehicle& vhl, QWidget* parent);
 
 }  // namespace bw::qt

@@ -10,15 +10,9 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 
-#include "core/Config.h"
-#include "core/frmSet.h"
-#include "database/DatabaseOps.h"
 #include "shell/qt/Binders.h"
+#include "shell/qt/FormHost.h"
 #include "shell/qt/Icons.h"
-#include "shell/qt/SettingsDialog.h"
-#include "shell/qt/NewVehicleDialog.h"
-#include "shell/qt/PickerDialog.h"
-#include "shell/qt/VehicleEditor.h"
 
 namespace bw::qt {
 
@@ -31,16 +25,13 @@ MainWindow::MainWindow(frmMain& model, QWidget* parent) : QMainWindow(parent), m
     auto* central = new QWidget(this);
     auto* layout = new QHBoxLayout(central);
     layout->setContentsMargins(12, 6, 12, 6);
-    dbLabel_ = new QLabel(central);
-    dbLabel_->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    dbLabel_->setObjectName("lDatabase");
-    dbLabel_->setStyleSheet("color: #505050;");
-    layout->addWidget(dbLabel_, 1);
+    auto* dbLabel = new QLabel(central);
+    dbLabel->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    dbLabel->setObjectName("lDatabase");
+    dbLabel->setStyleSheet("color: #505050;");
+    BindLabel(dbLabel, model_.LDatabase);
+    layout->addWidget(dbLabel, 1);
     setCentralWidget(central);
-    // The caption carries the open database's path; the label says the same
-    // in words, kept in step through the caption's observer.
-    subscriptions_.push_back({&model_.Window, model_.Window.Subscribe([this] { RefreshDatabaseLabel(); })});
-    RefreshDatabaseLabel();
 
     auto* info = new QLabel(this);
     auto* bar = new QProgressBar(this);
@@ -58,36 +49,16 @@ MainWindow::MainWindow(frmMain& model, QWidget* parent) : QMainWindow(parent), m
         statusBar()->setVisible(shown);
         FitHeight();
     };
-    subscriptions_.push_back({&model_.PBarMainProg, model_.PBarMainProg.Subscribe(progress)});
-    subscriptions_.push_back({&model_.LProgInfo, model_.LProgInfo.Subscribe(progress)});
+    Watch(this, model_.PBarMainProg, [progress](MainWindow*) { progress(); });
+    Watch(this, model_.LProgInfo, [progress](MainWindow*) { progress(); });
     statusBar()->setVisible(false);
 
-    model_.ShowSettings = [this] { ShowSettings(); };
-    model_.ShowAbout = [this] { ShowAbout(); };
-    // Editors are windows of their own: several at once, each on its design.
-    model_.ShowVehicleEditor = [](std::unique_ptr<frmVhl> editor) { zShowVehicleEditor(std::move(editor)); };
-    model_.ShowNewVehicle = [this](frmNVhl& dlg) { zShowNewVehicle(dlg, this); };
-    model_.ShowVehiclePicker = [this](frmVOpen& dlg) { zShowVehiclePicker(dlg, this); };
-    model_.ShowFighterPicker = [this](frmFOpen& dlg) { zShowFighterPicker(dlg, this); };
-    model_.CloseWindow = [this] {
-        walked_ = true;
-        close();
-    };
+    QtFormHost::Instance().Attach(model_, this);
     resize(760, 10);
     FitHeight();
 }
 
-MainWindow::~MainWindow() {
-    // The model may outlive this window.
-    for (auto [control, id] : subscriptions_) control->Unsubscribe(id);
-    model_.ShowSettings = nullptr;
-    model_.ShowAbout = nullptr;
-    model_.ShowVehicleEditor = nullptr;
-    model_.ShowNewVehicle = nullptr;
-    model_.ShowVehiclePicker = nullptr;
-    model_.ShowFighterPicker = nullptr;
-    model_.CloseWindow = nullptr;
-}
+MainWindow::~MainWindow() = default;
 
 void MainWindow::FitHeight() {
     if (QLayout* l = layout()) l->activate();
@@ -97,9 +68,9 @@ void MainWindow::FitHeight() {
 void MainWindow::BuildMenus() {
     for (auto& m : model_.Menus()) {
         if (m.items.empty()) {
-            // A top-level command (Preferences, Search) or an empty menu
-            // (Dropship, Warship): an empty menu stays a menu with no items.
-            if (m.menu == &model_.mnuDropship || m.menu == &model_.mnuWarship) {
+            // A top-level command (Preferences, Search) or a menu that has
+            // no items yet (Dropship, Warship).
+            if (m.submenu) {
                 QMenu* menu = menuBar()->addMenu(QString());
                 BindMenuItem(menu->menuAction(), *m.menu);
                 actions_.push_back({m.menu, menu->menuAction()});
@@ -137,8 +108,8 @@ void MainWindow::BuildToolBar() {
     QString lastKind;
     for (const auto& b : model_.TBarMain) {
         const QString key = QString::fromStdString(b.Key);
-        QString kind = key.contains("VHL") ? "vehicle" : key.contains("Ftr") ? "fighter" : key.contains("DS") ? "dropship" : "warship";
-        QString action = key.contains("New") ? "new" : key.contains("Open") ? "open" : "delete";
+        const QString kind = QString::fromStdString(b.Kind);
+        const QString action = QString::fromStdString(b.Action);
         if (!lastKind.isEmpty() && kind != lastKind) tb->addSeparator();
         lastKind = kind;
         QAction* a = tb->addAction(DesignIcon(kind, action), QString::fromStdString(b.ToolTip));
@@ -162,38 +133,9 @@ QAction* MainWindow::ToolAction(const QString& key) const {
     return nullptr;
 }
 
-void MainWindow::RefreshDatabaseLabel() {
-    if (gDatabasePath.empty())
-        dbLabel_->setText(tr("No database open. Use File > New Database or File > Open Database."));
-    else
-        dbLabel_->setText(tr("Database: %1").arg(FromModel(gDatabasePath)));
-}
-
 void MainWindow::closeEvent(QCloseEvent* e) {
-    bool cancel = false;
-    // Exit has already walked the windows; the close box has not.
-    if (!walked_) model_.Form_Unload(cancel);
-    walked_ = false;
-    if (cancel) e->ignore();
-    else e->accept();
-}
-
-void MainWindow::ShowSettings() {
-    frmSet form;
-    form.Form_Load();
-    SettingsDialog dlg(form, this);
-    dlg.Run();
-}
-
-void MainWindow::ShowAbout() {
-    QMessageBox::about(this, tr("About The Brasswick Works"),
-                       QString("<h3>The Brasswick Works %1.%2.%3</h3><p>%4</p><p>%5</p><p>%6</p>")
-                           .arg(kVersionMajor)
-                           .arg(kVersionMinor)
-                           .arg(kVersionRevision)
-                           .arg(kCompanyName)
-                           .arg("BattleTech is a registered Trademark of the FASA corporation")
-                           .arg(kMakerNotice));
+    // The shutdown walk asks every editor; one that stays keeps the program.
+    QtFormHost::Instance().CloseEvent(model_, this, e);
 }
 
 }  // namespace bw::qt

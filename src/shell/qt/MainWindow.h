@@ -24,15 +24,9 @@ protected:
 private:
     void BuildMenus();
     void BuildToolBar();
-    void RefreshDatabaseLabel();
     void FitHeight();
-    void ShowSettings();
-    void ShowAbout();
 
     frmMain& model_;
-    bool walked_ = false;
-    std::vector<std::pair<Control*, int>> subscriptions_;
-    QLabel* dbLabel_ = nullptr;
     std::vector<std::pair<const MenuItem*, QAction*>> actions_;
     std::vector<std::pair<QString, QAction*>> toolActions_;
 };

@@ -11,9 +11,7 @@
 
 namespace bw::qt {
 
-NewVehicleDialog::NewVehicleDialog(frmNVhl& model, QWidget* parent) : QDialog(parent), model_(model) {
-    setObjectName("frmNVhl");
-    setWindowTitle(tr("New Vehicle"));
+NewVehicleDialog::NewVehicleDialog(frmNVhl& model, QWidget* parent) : BoundDialog(model, parent), model_(model) {
     auto* outer = new QVBoxLayout(this);
     auto* form = new QFormLayout;
     auto combo = [this](ComboBox& c) {
@@ -28,42 +26,20 @@ NewVehicleDialog::NewVehicleDialog(frmNVhl& model, QWidget* parent) : QDialog(pa
     form->addRow(tr("Vehicle &Type:"), combo(model_.cmboType));
     outer->addLayout(form);
 
-    auto button = [this](CommandButton& c, const char* fallback) {
+    auto button = [this](CommandButton& c) {
         auto* b = new QPushButton(this);
         b->setObjectName(QString::fromStdString(c.Name));
-        // The model leaves the captions to the window.
-        if (c.Caption().empty()) c.SetCaption(fallback);
         BindButton(b, c);
         b->setDefault(c.Default);
         b->setAutoDefault(c.Default);
-        // After the binding's handler: the model has decided by then.
-        connect(b, &QPushButton::clicked, this, [this] { FinishIfHidden(); });
         return b;
     };
     auto* buttons = new QHBoxLayout;
     buttons->addStretch(1);
-    buttons->addWidget(button(model_.PButCreate, "&Create"));
-    buttons->addWidget(button(model_.PButCancel, "&Cancel"));
+    buttons->addWidget(button(model_.PButCreate));
+    buttons->addWidget(button(model_.PButCancel));
     outer->addLayout(buttons);
     setFixedSize(sizeHint());
-}
-
-void NewVehicleDialog::FinishIfHidden() {
-    if (model_.Visible) return;  // a refused Create keeps the dialog open
-    if (model_.wCancel != 0) QDialog::reject();
-    else accept();
-}
-
-void NewVehicleDialog::reject() {
-    if (model_.Visible) model_.PButCancel_Click();
-    QDialog::reject();
-}
-
-void zShowNewVehicle(frmNVhl& model, QWidget* parent) {
-    NewVehicleDialog dlg(model, parent);
-    model.Visible = true;
-    dlg.exec();
-    model.Visible = false;
 }
 
 }  // namespace bw::qt

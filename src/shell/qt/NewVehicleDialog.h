@@ -2,28 +2,24 @@
 // vehicle type, Create and Cancel. Modal; it ends when the model hides itself.
 #pragma once
 
-#include <QDialog>
+#include "shell/qt/FormHost.h"
 
 #include "vehicle/frmNVhl.h"
 
 namespace bw::qt {
 
-class NewVehicleDialog : public QDialog {
+class NewVehicleDialog : public BoundDialog {
     Q_OBJECT
 public:
     explicit NewVehicleDialog(frmNVhl& model, QWidget* parent = nullptr);
 
+protected:
     // Escape and the close box cancel through the model.
-    void reject() override;
+    void Dismiss() override { model_.PButCancel_Click(); }
+    bool Accepted() const override { return model_.wCancel == 0; }
 
 private:
-    void FinishIfHidden();
-
     frmNVhl& model_;
 };
-
-// The modal show frmMain's ShowNewVehicle needs: the model is loaded; returns
-// once the dialog is hidden.
-void zShowNewVehicle(frmNVhl& model, QWidget* parent);
 
 }  // namespace bw::qt

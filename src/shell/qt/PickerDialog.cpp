@@ -20,10 +20,8 @@ constexpr int kMinWidthTwips = 6000;
 constexpr int kMinHeightTwips = 2895;
 }  // namespace
 
-PickerDialog::PickerDialog(DesignPicker& model, ListView& list, std::function<void()> activate, QWidget* parent)
-    : QDialog(parent), model_(model), activate_(std::move(activate)) {
-    setObjectName("frmPicker");
-    setWindowTitle(FromModel(model_.Caption));
+PickerDialog::PickerDialog(DesignPicker& model, QWidget* parent) : BoundDialog(model, parent), model_(model) {
+    ListView& list = model.List();
     setMinimumSize(kMinWidthTwips / kTwipsPerPixel, kMinHeightTwips / kTwipsPerPixel);
     resize(model_.Width / kTwipsPerPixel, model_.Height / kTwipsPerPixel);
 
@@ -46,29 +44,9 @@ PickerDialog::PickerDialog(DesignPicker& model, ListView& list, std::function<vo
     buttons->addWidget(open);
     buttons->addWidget(cancel);
     outer->addLayout(buttons);
-
-    // After the bindings' own handlers: the model has acted by then.
-    connect(open, &QPushButton::clicked, this, [this] { FinishIfHidden(); });
-    connect(cancel, &QPushButton::clicked, this, [this] { FinishIfHidden(); });
-    connect(list_, &QTreeWidget::itemDoubleClicked, this, [this] { FinishIfHidden(); });
-}
-
-void PickerDialog::FinishIfHidden() {
-    if (model_.Visible) return;
-    if (model_.wCancel != 0) QDialog::reject();
-    else accept();
-}
-
-void PickerDialog::reject() {
-    if (model_.Visible) model_.PButCancel.DoClick();
-    // A cancel button the model has disabled still lets the window close.
-    model_.Visible = false;
-    QDialog::reject();
 }
 
 void PickerDialog::showEvent(QShowEvent* e) {
-    setWindowTitle(FromModel(model_.Caption));
-    if (activate_) activate_();
     // Columns as wide as their texts; the window grows to show them all
     // when it first opens.
     for (int c = 0; c < list_->columnCount(); ++c) list_->resizeColumnToContents(c);
@@ -84,16 +62,6 @@ void PickerDialog::resizeEvent(QResizeEvent* e) {
     model_.Height = e->size().height() * kTwipsPerPixel;
     model_.Form_Resize();
     QDialog::resizeEvent(e);
-}
-
-void zShowVehiclePicker(frmVOpen& model, QWidget* parent) {
-    PickerDialog dlg(model, model.lvVHLs, [&model] { model.Form_Activate(); }, parent);
-    dlg.exec();
-}
-
-void zShowFighterPicker(frmFOpen& model, QWidget* parent) {
-    PickerDialog dlg(model, model.lvFTRs, [&model] { model.Form_Activate(); }, parent);
-    dlg.exec();
 }
 
 }  // namespace bw::qt

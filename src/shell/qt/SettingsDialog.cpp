@@ -19,9 +19,8 @@ QColor FromStored(int32_t c) { return QColor(c & 0xFF, (c >> 8) & 0xFF, (c >> 16
 int32_t ToStored(const QColor& c) { return c.red() | (c.green() << 8) | (c.blue() << 16); }
 }  // namespace
 
-SettingsDialog::SettingsDialog(frmSet& form, QWidget* parent) : QDialog(parent), form_(form) {
+SettingsDialog::SettingsDialog(frmSet& form, QWidget* parent) : BoundDialog(form, parent), form_(form) {
     setObjectName("frmSet");
-    setWindowTitle("Preferences");
     auto* outer = new QVBoxLayout(this);
 
     auto* general = new QGroupBox("General", this);
@@ -85,7 +84,10 @@ SettingsDialog::SettingsDialog(frmSet& form, QWidget* parent) : QDialog(parent),
     outer->addWidget(colors);
 
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
-    connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
+    connect(buttons, &QDialogButtonBox::accepted, this, [this] {
+        StoreIntoModel();
+        form_.PButOK_Click();
+    });
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     outer->addWidget(buttons);
     outer->setSizeConstraint(QLayout::SetFixedSize);
@@ -117,13 +119,5 @@ void SettingsDialog::StoreIntoModel() {
     for (int i = 0; i < 4; ++i) form_.pnlColor[i] = color_[i];
 }
 
-void SettingsDialog::Run() {
-    if (exec() == QDialog::Accepted) {
-        StoreIntoModel();
-        form_.PButOK_Click();
-    } else {
-        form_.PButCancel_Click();
-    }
-}
 
 }  // namespace bw::qt

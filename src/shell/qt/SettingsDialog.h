@@ -4,21 +4,22 @@
 
 #include <QCheckBox>
 #include <QComboBox>
-#include <QDialog>
+#include "shell/qt/FormHost.h"
 #include <QPushButton>
 
 #include "core/frmSet.h"
 
 namespace bw::qt {
 
-class SettingsDialog : public QDialog {
+class SettingsDialog : public BoundDialog {
     Q_OBJECT
 public:
     SettingsDialog(frmSet& form, QWidget* parent = nullptr);
     // Copies the widgets into the model (before its OK command runs).
     void StoreIntoModel();
-    // Runs the dialog: OK stores and runs the model's OK, anything else its Cancel.
-    void Run();
+
+protected:
+    void Dismiss() override { form_.PButCancel_Click(); }
 
 private:
     void PickColor(int which);

@@ -1,5 +1,7 @@
 #include "shell/qt/Startup.h"
 
+#include "shell/qt/FormHost.h"
+
 #include <QApplication>
 #include <QFile>
 #include <QFrame>
@@ -97,8 +99,9 @@ void QtStartupHost::LoadPictures() {
 }
 
 void QtStartupHost::LoadMainWindow() {
+    zInstallQtForms();
     model_ = std::make_unique<frmMain>();
-    model_->Form_Load();
+    model_->Load();
     window_ = std::make_unique<MainWindow>(*model_);
     if (QScreen* s = QGuiApplication::primaryScreen()) {
         // The model places the window in twips; 15 twips a pixel at 96 dpi.

@@ -8,6 +8,7 @@
 #include <QWidget>
 
 #include "core/Startup.h"
+#include "refdata/Loaders.h"
 #include "shell/frmMain.h"
 #include "shell/qt/MainWindow.h"
 
@@ -33,6 +34,7 @@ public:
     void UnloadSplash() override;
     void ShowMainWindow() override;
     void OpenDatabase(const std::string& path) override;
+    std::vector<bool (*)()> ReferenceLoaders() override { return zReferenceLoaders(); }
 
     MainWindow* Window() { return window_.get(); }
     frmMain* Model() { return model_.get(); }

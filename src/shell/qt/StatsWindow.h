@@ -2,7 +2,7 @@
 // whole window and follows its size.
 #pragma once
 
-#include <QDialog>
+#include "shell/qt/FormHost.h"
 
 #include "evaluation/frmVStat.h"
 
@@ -12,19 +12,15 @@ class Vehicle;
 
 namespace bw::qt {
 
-class StatsDialog : public QDialog {
+class StatsDialog : public BoundDialog {
     Q_OBJECT
 public:
     // The model's report must already be loaded.
     explicit StatsDialog(frmVStat& model, QWidget* parent = nullptr);
-    ~StatsDialog() override;
 
 private:
     frmVStat& model_;
-    int textObserver_ = 0;
 };
 
-// Loads the report of the design and shows it modally.
-void ShowVehicleStats(Vehicle& vhl, QWidget* parent);
 
 }  // namespace bw::qt

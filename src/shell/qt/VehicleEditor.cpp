@@ -25,11 +25,8 @@
 #include "core/Errors.h"
 #include "core/Globals.h"
 #include "core/Vocabulary.h"
-#include "shell/qt/AllocationDialog.h"
 #include "shell/qt/Binders.h"
-#include "shell/qt/CostWindow.h"
-#include "shell/qt/StatsWindow.h"
-#include "shell/qt/WDataDialog.h"
+#include "shell/qt/FormHost.h"
 
 namespace bw::qt {
 
@@ -93,13 +90,7 @@ void OptionRow(QGridLayout* grid, int row, CheckBox& box, QWidget* extra, Label&
     if (extra) grid->addWidget(extra, row, 1);
     grid->addWidget(t, row, 2);
     // The figure follows its box's visibility; its own stays the model's.
-    QPointer<QLabel> guard(t);
-    const int id = box.Subscribe([guard, &box] {
-        if (guard) guard->setVisible(box.Visible());
-    });
-    CheckBox* model = &box;
-    QObject::connect(t, &QObject::destroyed, [model, id] { model->Unsubscribe(id); });
-    t->setVisible(box.Visible());
+    Watch(t, box, [&box](QLabel* x) { x->setVisible(box.Visible()); });
 }
 
 QString DiagramFile(const std::string& picture) {
@@ -123,13 +114,7 @@ ArmorDiagram::ArmorDiagram(frmVhl& model, QWidget* parent)
                                                        model.scrlArmorLoc[static_cast<size_t>(i)], this);
         inputs_[static_cast<size_t>(i)]->adjustSize();
     }
-    QPointer<ArmorDiagram> guard(this);
-    const int id = model.picVHLArm.Subscribe([guard] {
-        if (guard) guard->Reload();
-    });
-    Control* pic = &model.picVHLArm;
-    connect(this, &QObject::destroyed, [pic, id] { pic->Unsubscribe(id); });
-    Reload();
+    Watch(this, model.picVHLArm, [](ArmorDiagram* d) { d->Reload(); });
 }
 
 void ArmorDiagram::Reload() {
@@ -180,8 +165,7 @@ void ArmorDiagram::paintEvent(QPaintEvent*) {
 
 // ---- The editor window --------------------------------------------------------
 
-VehicleEditor::VehicleEditor(std::unique_ptr<frmVhl> model, QWidget* parent)
-    : QWidget(parent, Qt::Window), model_(std::move(model)) {
+VehicleEditor::VehicleEditor(frmVhl& model, QWidget* parent) : QWidget(parent, Qt::Window), model_(&model) {
     setObjectName("frmVhl");
     setAttribute(Qt::WA_DeleteOnClose);
     frmVhl& m = *model_;
@@ -236,29 +220,12 @@ VehicleEditor::VehicleEditor(std::unique_ptr<frmVhl> model, QWidget* parent)
     auto* flash = new QTimer(this);
     BindTimer(flash, m.Timer1);
     foot->addStretch(1);
-    m.PButCost.Click = [this] { ShowVehicleCost(*model_->vhl, this); };
-    m.PButShowStats.Click = [this] { ShowVehicleStats(*model_->vhl, this); };
     for (CommandButton* b : {&m.PButCost, &m.PButShowStats, &m.PButPrint, &m.PButSave, &m.PButClose})
         foot->addWidget(Bound(*b, this));
     outer->addLayout(foot);
-
-    m.ShowAllocation = [this](frmVhl& editor) { zShowAllocation(editor, this); };
-    m.CloseWindow = [this] {
-        unloaded_ = true;
-        close();
-    };
-    m.tvAvailEq.DblClick = [this] { OpenWeaponData(model_->tvAvailEq); };
-    m.tvSelectedEq.DblClick = [this] { OpenWeaponData(model_->tvSelectedEq); };
 }
 
 VehicleEditor::~VehicleEditor() {
-    // The widgets unsubscribe as they go; the hooks must not outlive them.
-    model_->ShowAllocation = nullptr;
-    model_->CloseWindow = nullptr;
-    model_->tvAvailEq.DblClick = nullptr;
-    model_->tvSelectedEq.DblClick = nullptr;
-    model_->PButCost.Click = nullptr;
-    model_->PButShowStats.Click = nullptr;
     // The widgets watch the model: they must go before it does, and QWidget
     // would delete them only after this class's members.
     const QObjectList kids = children();
@@ -468,31 +435,9 @@ QWidget* VehicleEditor::DiagramTab() {
     return page;
 }
 
-void VehicleEditor::OpenWeaponData(const TreeView& tree) {
-    const std::string key = tree.SelectedKey();
-    if (key.size() < 2 || key[0] != 'w') return;
-    const std::string digits = key.substr(1, key.find('-') == std::string::npos ? std::string::npos : key.find('-') - 1);
-    if (digits.empty() || digits.find_first_not_of("0123456789") != std::string::npos || digits.size() > 5) return;
-    ShowWeaponData(std::stoi(digits), this);
-}
-
 void VehicleEditor::closeEvent(QCloseEvent* e) {
-    if (unloaded_) {
-        e->accept();
-        return;
-    }
-    // The model asks its question; its unload calls back to close.
-    e->ignore();
-    zTrapVoid("Form_QueryUnload", [&] { model_->RequestUnload(); });
-    if (unloaded_) e->accept();
-}
-
-VehicleEditor* zShowVehicleEditor(std::unique_ptr<frmVhl> model) {
-    const int left = model->Left / kTwipsPerPixel, top = model->Top / kTwipsPerPixel;
-    auto* w = new VehicleEditor(std::move(model));
-    w->move(left, top);
-    w->show();
-    return w;
+    // The model asks its question; refused, the window stays.
+    QtFormHost::Instance().CloseEvent(*model_, this, e);
 }
 
 }  // namespace bw::qt

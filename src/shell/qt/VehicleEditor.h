@@ -49,7 +49,7 @@ class VehicleEditor : public QWidget {
     Q_OBJECT
 public:
     // Takes the editor model whose design is already set up.
-    explicit VehicleEditor(std::unique_ptr<frmVhl> model, QWidget* parent = nullptr);
+    explicit VehicleEditor(frmVhl& model, QWidget* parent = nullptr);
     ~VehicleEditor() override;
     frmVhl& Model() { return *model_; }
     QTabWidget* Tabs() const { return tabs_; }
@@ -61,15 +61,10 @@ private:
     QWidget* GeneralTab();
     QWidget* ArmorTab();
     QWidget* DiagramTab();
-    void OpenWeaponData(const TreeView& tree);
 
-    std::unique_ptr<frmVhl> model_;
+    frmVhl* model_;
     QTabWidget* tabs_ = nullptr;
-    // Set once the model has unloaded, so the close goes through.
-    bool unloaded_ = false;
 };
 
-// Shows an editor for a ready model, placed at its twips position.
-VehicleEditor* zShowVehicleEditor(std::unique_ptr<frmVhl> model);
 
 }  // namespace bw::qt

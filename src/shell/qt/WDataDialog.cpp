@@ -21,9 +21,7 @@ QLabel* Value(Label& model, QWidget* parent) {
 }
 }  // namespace
 
-WDataDialog::WDataDialog(frmWData& model, QWidget* parent) : QDialog(parent), model_(model) {
-    setObjectName("frmWData");
-    setWindowTitle(FromModel(model_.Caption));
+WDataDialog::WDataDialog(frmWData& model, QWidget* parent) : BoundDialog(model, parent), model_(model) {
     auto* outer = new QVBoxLayout(this);
 
     auto* name = Value(model_.LName, this);
@@ -63,23 +61,8 @@ WDataDialog::WDataDialog(frmWData& model, QWidget* parent) : QDialog(parent), mo
     }
     outer->addWidget(ranges);
 
-    auto* done = new QPushButton(this);
-    done->setObjectName("PButDone");
-    BindButton(done, model_.PButDone);
-    if (done->text().isEmpty()) done->setText(tr("&Done"));
-    auto* buttons = new QDialogButtonBox(this);
-    buttons->addButton(done, QDialogButtonBox::AcceptRole);
-    outer->addWidget(buttons);
-    model_.Unloaded = [this] { accept(); };
+    AddDoneFooter(this, outer, model_.PButDone);
     setMinimumWidth(380);
-}
-
-void ShowWeaponData(int32_t row, QWidget* parent) {
-    frmWData model;
-    if (!model.zGetWpnData(row)) return;
-    WDataDialog dlg(model, parent);
-    model.Show();
-    dlg.exec();
 }
 
 }  // namespace bw::qt

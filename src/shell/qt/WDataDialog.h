@@ -1,13 +1,13 @@
 // The weapon data window in Qt: one row of the weapon table.
 #pragma once
 
-#include <QDialog>
+#include "shell/qt/FormHost.h"
 
 #include "refdata/frmWData.h"
 
 namespace bw::qt {
 
-class WDataDialog : public QDialog {
+class WDataDialog : public BoundDialog {
     Q_OBJECT
 public:
     explicit WDataDialog(frmWData& model, QWidget* parent = nullptr);
@@ -17,6 +17,4 @@ private:
 };
 
 // Shows row i of the weapon table modally.
-void ShowWeaponData(int32_t row, QWidget* parent);
-
 }  // namespace bw::qt

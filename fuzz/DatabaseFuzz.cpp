@@ -1,4 +1,4 @@
-#include "database/DatabaseFuzz.h"
+#include "DatabaseFuzz.h"
 
 #include <cstdlib>
 #include <fstream>

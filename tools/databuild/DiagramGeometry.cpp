@@ -1,4 +1,4 @@
-#include "refdata/DiagramGeometry.h"
+#include "databuild/DiagramGeometry.h"
 
 #include <algorithm>
 #include <cmath>

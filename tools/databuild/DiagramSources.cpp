@@ -1,4 +1,4 @@
-#include "refdata/DiagramSources.h"
+#include "databuild/DiagramSources.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -9,7 +9,7 @@
 #include "core/BinaryIO.h"
 #include "core/Errors.h"
 #include "core/Globals.h"
-#include "refdata/DiagramGeometry.h"
+#include "databuild/DiagramGeometry.h"
 
 namespace bw {
 namespace {

@@ -1,0 +1,101 @@
+#include "core/EditorParts.h"
+
+#include <cstdlib>
+
+#include "core/Config.h"
+#include "core/Errors.h"
+#include "core/Helpers.h"
+#include "core/Settings.h"
+#include "core/Ui.h"
+
+namespace bw {
+
+void zCheckTextBox(TextBox& box, int16_t lower, int16_t upper, bool strip) {
+    std::string t = box.Text();
+    if (!zIsNumeric(t)) {
+        t = std::to_string(lower);
+    } else {
+        const double v = std::strtod(t.c_str(), nullptr);
+        if (v > upper) t = std::to_string(upper);
+        else if (v < lower) t = std::to_string(lower);
+    }
+    if (strip) {
+        while (!t.empty() && t[0] == '0') t.erase(0, 1);
+        if (t.empty() || (t[0] == '.' && t.find_first_not_of("0", 1) == std::string::npos))
+            t = std::to_string(lower);
+    }
+    box.SetText(t);
+}
+
+void zWireFocusColours(const std::vector<TextBox*>& boxes) {
+    for (TextBox* t : boxes) {
+        t->SetBackColor(gDeActiveEdit);
+        t->SetForeColor(gDeActiveText);
+        auto lost = t->LostFocus;
+        t->GotFocus = [t] {
+            t->SetBackColor(gActiveEdit);
+            t->SetForeColor(gActiveText);
+        };
+        t->LostFocus = [t, lost] {
+            t->SetBackColor(gDeActiveEdit);
+            t->SetForeColor(gDeActiveText);
+            if (lost) lost();
+        };
+    }
+}
+
+void zExpandAll(TreeView& tv, bool open) {
+    std::vector<std::string> keys;
+    for (const TreeView::Node* n : tv.Children("")) keys.push_back(n->Key);
+    zTrapVoid(open ? "PButExpand_Click" : "PButCollapse_Click", [&] {
+        for (const std::string& k : keys)
+            if (tv.Find(k)) tv.SetExpanded(k, open);
+    });
+}
+
+std::string zRowKey(int16_t row) { return "w" + std::to_string(row); }
+
+std::string zItemKey(int16_t row, int16_t num) { return zRowKey(row) + "-" + std::to_string(num); }
+
+namespace {
+
+bool ReadNumber(const std::string& digits, int16_t& out) {
+    if (digits.empty() || digits.size() > 5 || digits.find_first_not_of("0123456789") != std::string::npos)
+        return false;
+    const long v = std::strtol(digits.c_str(), nullptr, 10);
+    if (v > 32767) return false;
+    out = static_cast<int16_t>(v);
+    return true;
+}
+
+}  // namespace
+
+bool zParseItemKey(const std::string& key, int16_t& row, int16_t& num) {
+    if (key.size() < 2 || key[0] != 'w') return false;
+    const size_t dash = key.find('-', 1);
+    int16_t r = 0, n = 0;
+    if (!ReadNumber(key.substr(1, dash == std::string::npos ? std::string::npos : dash - 1), r)) return false;
+    if (dash != std::string::npos && !ReadNumber(key.substr(dash + 1), n)) return false;
+    row = r;
+    num = n;
+    return true;
+}
+
+bool zOptionBox(CheckBox& box, const char* title, const std::vector<OptionExclusion>& tests, int16_t& refusing,
+                const std::function<void(int16_t)>& apply) {
+    if (box.Value() == 1) {
+        for (const OptionExclusion& t : tests) {
+            if (t.holds()) {
+                zMsgBox(t.message, MsgButtons::OK, MsgIcon::Critical, title);
+                refusing = kTrue;
+                box.SetValue(0);
+                refusing = kFalse;
+                return false;
+            }
+        }
+    }
+    apply(box.Value());
+    return true;
+}
+
+}  // namespace bw

@@ -1,0 +1,52 @@
+// The parts every design editor shares: the text-box checks, the focus
+// colours, expand and collapse of the equipment trees, the option box and
+// the equipment keys. The vehicle and fighter editors use them unchanged.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "core/Controls.h"
+
+namespace bw {
+
+// Holds a text box's value to lower..upper: a non-numeric text becomes the
+// lower limit; with strip, leading zeros go and an empty or all-zero text
+// shows the lower limit. Never refuses: it corrects the text.
+void zCheckTextBox(TextBox& box, int16_t lower, int16_t upper, bool strip);
+
+// The editors' text boxes show the inactive colours, and the active ones
+// while they hold the focus. A LostFocus already set still runs after.
+void zWireFocusColours(const std::vector<TextBox*>& boxes);
+
+// Expand All and Collapse All of a tree's groups. The keys are taken first:
+// opening a group of the available tree fills it, which moves the nodes
+// under the walk.
+void zExpandAll(TreeView& tv, bool open);
+
+// Equipment keys: "w" and the weapon row for a row of the available tree,
+// "w", row, "-", instance number for a mounted item.
+std::string zRowKey(int16_t row);
+std::string zItemKey(int16_t row, int16_t num);
+// Reads either key; num is 0 for a row key. False for any other key (a
+// group or a placeholder) and for numbers out of 16-bit range.
+bool zParseItemKey(const std::string& key, int16_t& row, int16_t& num);
+
+// An option that refuses another: when holds() is true, setting the box is
+// refused with message.
+struct OptionExclusion {
+    std::function<bool()> holds;
+    const char* message;
+};
+
+// The pattern of the option boxes: on being set, the first exclusion that
+// holds refuses with its message (critical, under title) and clears the box;
+// otherwise, and on being cleared, apply runs with the box's value and true
+// is returned. refusing is raised while the program clears the box, so the
+// box's own handler can ignore that click.
+bool zOptionBox(CheckBox& box, const char* title, const std::vector<OptionExclusion>& tests, int16_t& refusing,
+                const std::function<void(int16_t)>& apply);
+
+}  // namespace bw

@@ -1,0 +1,92 @@
+// Which Qt window shows which model: the one table of builders, by form
+// name. Every model reaches its window through the form host.
+#include <QDialogButtonBox>
+#include <QFont>
+#include <QLabel>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include "core/frmSet.h"
+#include "shell/frmAbout.h"
+#include "shell/qt/AllocationDialog.h"
+#include "shell/qt/Binders.h"
+#include "shell/qt/CostWindow.h"
+#include "shell/qt/FormHost.h"
+#include "shell/qt/NewVehicleDialog.h"
+#include "shell/qt/PickerDialog.h"
+#include "shell/qt/SettingsDialog.h"
+#include "shell/qt/StatsWindow.h"
+#include "shell/qt/VehicleEditor.h"
+#include "shell/qt/WDataDialog.h"
+
+namespace bw::qt {
+
+namespace {
+
+// The model measures in twips; 15 to a pixel at 96 dots per inch.
+constexpr int kTwipsPerPixel = 15;
+
+class AboutDialog : public BoundDialog {
+public:
+    AboutDialog(frmAbout& model, QWidget* parent) : BoundDialog(model, parent) {
+        auto* outer = new QVBoxLayout(this);
+        auto label = [this, outer](Label& c) {
+            auto* l = new QLabel(this);
+            l->setObjectName(QString::fromStdString(c.Name));
+            l->setAlignment(Qt::AlignHCenter);
+            l->setWordWrap(true);
+            BindLabel(l, c);
+            outer->addWidget(l);
+            return l;
+        };
+        QLabel* title = label(model.LTitle);
+        QFont f = title->font();
+        f.setPointSizeF(f.pointSizeF() * 1.4);
+        f.setBold(true);
+        title->setFont(f);
+        label(model.LVersion);
+        label(model.LCompany);
+        label(model.LNotice);
+        label(model.LMaker);
+        auto* ok = new QPushButton(this);
+        ok->setObjectName("PButOK");
+        BindButton(ok, model.PButOK);
+        ok->setDefault(true);
+        auto* buttons = new QDialogButtonBox(this);
+        buttons->addButton(ok, QDialogButtonBox::AcceptRole);
+        outer->addWidget(buttons);
+        setMinimumWidth(360);
+    }
+};
+
+template <class Model, class Window>
+void Add(const std::string& name) {
+    QtFormHost::Instance().Register(
+        name, [](FormModel& f, QWidget* parent) -> QWidget* { return new Window(static_cast<Model&>(f), parent); });
+}
+
+}  // namespace
+
+void zInstallQtForms() {
+    QtFormHost& host = QtFormHost::Instance();
+    SetFormHost(&host);
+    Add<frmNVhl, NewVehicleDialog>("frmNVhl");
+    Add<DesignPicker, PickerDialog>("frmVOpen");
+    Add<DesignPicker, PickerDialog>("frmFOpen");
+    Add<frmVEQ, AllocationDialog>("frmVEQ");
+    Add<frmCost, CostDialog>("frmCost");
+    Add<frmVStat, StatsDialog>("frmVStat");
+    Add<frmWData, WDataDialog>("frmWData");
+    Add<frmSet, SettingsDialog>("frmSet");
+    Add<frmAbout, AboutDialog>("frmAbout");
+    // Editors are windows of their own, several at once, placed where the
+    // main window's cascade put them.
+    host.Register("frmVhl", [](FormModel& f, QWidget*) -> QWidget* {
+        auto& m = static_cast<frmVhl&>(f);
+        auto* w = new VehicleEditor(m);
+        w->move(m.Left / kTwipsPerPixel, m.Top / kTwipsPerPixel);
+        return w;
+    });
+}
+
+}  // namespace bw::qt
