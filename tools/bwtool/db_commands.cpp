@@ -19,14 +19,12 @@
 namespace {
 
 bool ReadWhole(const std::string& path, std::string& bytes) {
-    std::FILE* f = std::fopen(bw::zNormalizePath(path).c_str(), "rb");
-    if (!f) return false;
-    char buf[65536];
-    size_t n;
-    while ((n = std::fread(buf, 1, sizeof buf, f)) > 0) bytes.append(buf, n);
-    const bool ok = !std::ferror(f);
-    std::fclose(f);
-    return ok;
+    try {
+        bytes = bw::zReadWholeFile(path);
+        return true;
+    } catch (const bw::RunError&) {
+        return false;
+    }
 }
 
 int RunCheck(const std::vector<std::string>& args) {
