@@ -3,36 +3,25 @@
 // and removing through them, and the slot rule seen from the editor.
 #include <gtest/gtest.h>
 
-#include <memory>
 #include <string>
 #include <vector>
 
+#include "EditorFixture.h"
 #include "core/Progress.h"
 #include "core/Settings.h"
-#include "database/DatabaseOps.h"
-#include "EditorTestSupport.h"
-#include "VehicleTestSupport.h"
-#include "support/NewEditor.h"
 
 using namespace bw;
 using namespace bw::test;
 
 namespace {
 
-class TreesTest : public VehicleTest {
+class TreesTest : public EditorFixture {
 protected:
     int16_t savedExpand = gExpandSel;
-    std::unique_ptr<frmVhl> win;
 
     void TearDown() override {
         gExpandSel = savedExpand;
-        win.reset();
-        zResetDatabase();
-    }
-    frmVhl& New(int16_t type, int16_t base = 0, int16_t level = 3, int16_t tons = 5) {
-        win = NewEditor(type, base, level);
-        if (tons != 5) win->scrlTonnage.SetValue(tons);
-        return *win;
+        EditorFixture::TearDown();
     }
     // "key:text" of the children of a node, in tree order ("" for roots).
     static std::vector<std::string> Kids(const TreeView& tv, const std::string& parent) {
