@@ -190,10 +190,6 @@ TEST_F(PartsCostTest, MultiplierByVehicleType) {
         zGenPartsCost(v, f);
         EXPECT_EQ(f.lVhlMultiplier.Caption(), expected[t]) << t;
     }
-    Vehicle vtol = Design(kVhlVTOL, 30);
-    frmCost f;
-    zGenPartsCost(vtol, f);
-    EXPECT_EQ(f.lVhlMultiplier.Caption(), "x 2");
 }
 
 TEST_F(PartsCostTest, UnknownTypeAndOverflowAreReported) {

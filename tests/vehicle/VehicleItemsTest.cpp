@@ -24,7 +24,7 @@ Vehicle FullDesign() {
 
 std::vector<std::pair<std::string, std::string>> Tree(const TreeView& tv) {
     std::vector<std::pair<std::string, std::string>> out;
-    for (const auto& n : tv.Nodes()) out.emplace_back(n.ParentKey.empty() ? n.Text : "  " + n.Text, n.Key);
+    for (const auto& n : tv.Nodes()) out.emplace_back(n.ParentKey.empty() ? n.Text : n.ParentKey + "> " + n.Text, n.Key);
     return out;
 }
 
@@ -53,8 +53,10 @@ TEST_F(VehicleTest, ItemsTakeElementZeroReuseTheSmallestNumberAndCompactOnRemova
     v.AddWeapon(kMedLaser);
     EXPECT_EQ(v.Items.back().wNum, 4);
 
-    // Removing a pair that is not there only compacts.
+    // Removing a pair that is not there, even a number another row holds,
+    // only compacts.
     v.RemoveWeapon(kMedLaser, 9);
+    v.RemoveWeapon(kLargeLaser, 1);
     EXPECT_EQ(v.WeaponCount(), 5);
 
     // Removing the only item leaves one empty element, which the next item takes.
@@ -207,6 +209,7 @@ TEST_F(VehicleTest, CurrentItemRecord) {
 
     const VehicleItem kept = gCurrentVehicleItem;
     EXPECT_EQ(v.SetVehicleWeaponGlobal(2), 0);  // no third used item
+    EXPECT_EQ(v.SetVehicleWeaponGlobal(-1), 0);
     EXPECT_EQ(gCurrentVehicleItem, kept);
 
     v.SetVehicleWeaponIdxGlobal(1);
@@ -217,37 +220,50 @@ TEST_F(VehicleTest, CurrentItemRecord) {
 }
 
 TEST_F(VehicleTest, SelectedTreeGroupsByLocation) {
-    Vehicle v = Made(kVhlVTOL, 20, 6);
-    v.AddWeapon(kMedLaser);    // 0: nose
-    v.AddWeapon(kLargeLaser);  // 1: unallocated
-    v.AddWeapon(kAC5Ammo);     // 2: body
-    v.AddWeapon(kMedLaser);    // 3: mast mount
-    v.AddWeapon(kAC5);         // 4: nose
-    v.UpdateWeaponLocation(0, kLocFront);
-    v.UpdateWeaponLocation(3, kLocSecondTurret);
-    v.UpdateWeaponLocation(4, kLocFront);
+    Vehicle v = Made(kVhlTracked, 100, 2);
+    // One laser in each place, added against the group order.
+    const int16_t places[] = {kLocRightSponson, kLocLeftSponson, kLocSecondTurret, kLocTurret,
+                              kLocBody,         kLocRear,        kLocRight,        kLocLeft};
+    for (int16_t loc : places) {
+        v.AddWeapon(kMedLaser);
+        v.UpdateWeaponLocation(static_cast<int16_t>(v.Items.size() - 1), loc);
+    }
+    v.AddWeapon(kMedLaser);
+    v.AddWeapon(kAC5);
+    v.AddWeapon(kLargeLaser);  // left unallocated
+    v.UpdateWeaponLocation(8, kLocFront);
+    v.UpdateWeaponLocation(9, kLocFront);
     TreeView tv("tvSelectedEq");
     tv.Add({}, "stale", "Stale");
     v.UpdateSelectedWeapons(tv);
     using P = std::pair<std::string, std::string>;
     const std::vector<P> want = {
-        {"Not Allocated", "loc-1"},
-        {"Nose", "loc0"},
-        {"Body", "loc99"},
-        {"Mast Mount", "loc5"},
-        {"  Large Laser (#1)", "w1-1"},
-        {"  AC/5 (#1)", "w2-1"},  // sorted by text within the group
-        {"  Medium Laser (#1)", "w0-1"},
-        {"  AC/5 Ammo (#1)", "w3-1"},
-        {"  Medium Laser (#2)", "w0-2"},
+        {"Not Allocated", "loc-1"},      {"Front", "loc0"},
+        {"Left", "loc1"},                {"Right", "loc2"},
+        {"Rear", "loc3"},                {"Body", "loc99"},
+        {"Main Turret", "loc4"},         {"Secondary Turret", "loc5"},
+        {"Left Sponson Turret", "loc6"}, {"Right Sponson Turret", "loc7"},
+        {"loc-1> Large Laser (#1)", "w1-1"},
+        {"loc0> AC/5 (#1)", "w2-1"},  // sorted by text within the group
+        {"loc0> Medium Laser (#9)", "w0-9"},
+        {"loc1> Medium Laser (#8)", "w0-8"},
+        {"loc2> Medium Laser (#7)", "w0-7"},
+        {"loc3> Medium Laser (#6)", "w0-6"},
+        {"loc99> Medium Laser (#5)", "w0-5"},
+        {"loc4> Medium Laser (#4)", "w0-4"},
+        {"loc5> Medium Laser (#3)", "w0-3"},
+        {"loc6> Medium Laser (#2)", "w0-2"},
+        {"loc7> Medium Laser (#1)", "w0-1"},
     };
     EXPECT_EQ(Tree(tv), want);
-    EXPECT_EQ(tv.Find("w2-1")->ParentKey, "loc0");
-    EXPECT_EQ(tv.Find("w0-2")->ParentKey, "loc5");
 
-    // A location no design reaches goes under the group of the item before.
-    v.UpdateWeaponLocation(1, 8);
+    // The names are the design type's; a location no design reaches goes
+    // under the group of the item before.
+    v.VhlType = kVhlVTOL;
+    v.UpdateWeaponLocation(10, 8);
     v.UpdateSelectedWeapons(tv);
+    EXPECT_EQ(tv.Find("loc0")->Text, "Nose");
+    EXPECT_EQ(tv.Find("loc5")->Text, "Mast Mount");
     EXPECT_EQ(tv.Find("w1-1")->ParentKey, "loc0");
     EXPECT_EQ(tv.Find("loc-1"), nullptr);  // all allocated: no such group
 }

@@ -319,29 +319,6 @@ TEST_F(VehicleTest, TurretChangeRecomputesTheTotal) {
     EXPECT_EQ(v.FreeTonnage, 11.5);
 }
 
-TEST_F(VehicleTest, MastMountTakesLocationFive) {
-    RecordingWindow win;
-    Vehicle v;
-    v.frm = &win;
-    v.SetType(kVhlVTOL);
-    v.SetTonnage(20);
-    v.AddWeapon(kMedLaser);
-    v.UpdateWeaponLocation(0, kLocSecondTurret);
-    v.SetMastMount(1);
-    EXPECT_EQ(v.HasMastMount, kTrue);
-    EXPECT_EQ(v.MastMountTonnage, 0.5);
-    EXPECT_EQ(v.Items[0].wLoc, kLocUnallocated);
-    EXPECT_EQ(win.updates, 1);
-    v.UpdateWeaponLocation(0, kLocSecondTurret);
-    v.SetMastMount(kTrue);  // only 1 means yes
-    EXPECT_EQ(v.HasMastMount, kFalse);
-    EXPECT_EQ(v.MastMountTonnage, 0);
-    EXPECT_EQ(v.Items[0].wLoc, kLocUnallocated);
-    v.OverrideInteractiveMode();
-    v.SetMastMount(1);
-    EXPECT_EQ(win.updates, 2);
-}
-
 TEST_F(VehicleTest, TargetingComputerWeighsWholeTons) {
     Vehicle v = Made(kVhlTracked, 100, 2);
     v.AddWeapon(kMedLaser);    // 1, counted

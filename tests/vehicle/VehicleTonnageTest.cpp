@@ -9,22 +9,6 @@
 using namespace bw;
 using namespace bw::test;
 
-
-TEST_F(VehicleTest, NewDesignStartsAsFiveTonsAtOneMovementPoint) {
-    Vehicle v = Made(kVhlTracked, 5, 1);
-    EXPECT_EQ(v.EngineRating, 5);
-    EXPECT_EQ(v.FlankSpeed, 2);
-    EXPECT_EQ(v.EngineTonnage, 1);  // base 0.5, doubled for an I.C.E.
-    EXPECT_EQ(v.BaseCrew, 1);
-    EXPECT_EQ(v.NumCrew, 1);
-    EXPECT_EQ(v.MaxItems, 6);
-    EXPECT_EQ(v.MovementType, 0);
-    EXPECT_EQ(v.Items.size(), 1u);
-    EXPECT_EQ(v.Items[0], VehicleItem{});
-    EXPECT_EQ(v.WeaponCount(), 0);
-    EXPECT_TRUE(fake.ui.boxes.empty());
-}
-
 TEST_F(VehicleTest, EngineWeightByTypeTableAndRounding) {
     struct Case {
         int16_t type, tons, speed, engine;
@@ -182,6 +166,11 @@ TEST_F(VehicleTest, LevelThreeKeepsTheCrewAboard) {
     v.SetTonnage(100);  // base 7 with 4 aboard
     EXPECT_EQ(v.NumCrew, 4);
     EXPECT_EQ(v.CrewTonnage, -1.5);
+    // A new design keeps the crew of its first five tons, and the total
+    // takes the negative crew tonnage: 5 + 17 + 2.5 - 1.5.
+    Vehicle n = Made(kVhlTracked, 50, 4, 0, 3);
+    n.CalcTotalTonnage();
+    EXPECT_EQ(n.TotalTonnage, 23);
 
     // Below level 3 the crew aboard follows the tonnage.
     Vehicle w = Made(kVhlTracked, 5, 1, 0, 2);
@@ -307,29 +296,6 @@ TEST_F(VehicleTest, TotalTakesEveryTonnageFieldAndRoundsToAQuarter) {
     EXPECT_EQ(r.FreeTonnage, -0.25);
 }
 
-TEST_F(VehicleTest, FullDesignAddsUp) {
-    // 50-ton tracked, Fusion, 4 points, 8 tons of armor, one turret laser;
-    // level 2, so the crew follows the tonnage.
-    Vehicle v = Made(kVhlTracked, 50, 4, 0, 2);
-    v.SetEngineType(kEngFusion);
-    v.SetArmorTonnage(8);
-    v.SetTurret(1);
-    v.AddWeapon(kLargeLaser);
-    v.UpdateWeaponLocation(0, kLocTurret);
-    v.CalcWeaponTonnages();
-    v.CalcTotalTonnage();
-    // 5 structure + 13 engine + 8 armor + 0.5 turret + 2.5 controls + 5 laser.
-    EXPECT_EQ(v.TotalTonnage, 34);
-    EXPECT_EQ(v.FreeTonnage, 16);
-    EXPECT_EQ(v.ArmorPoints, 128);
-
-    // At level 3 the crew of the first five tons stays aboard: 1 of 4.
-    Vehicle w = Made(kVhlTracked, 50, 4, 0, 3);
-    EXPECT_EQ(w.CrewTonnage, -1.5);
-    w.CalcTotalTonnage();
-    EXPECT_EQ(w.TotalTonnage, 23);  // 5 + 17 + 2.5 - 1.5
-}
-
 TEST_F(VehicleTest, OverflowIsReportedAndTheFieldKept) {
     Vehicle v = Made(kVhlTracked, 50, 4);
     v.SetCruiseSpeed(700);
@@ -337,6 +303,19 @@ TEST_F(VehicleTest, OverflowIsReportedAndTheFieldKept) {
     ExpectOneReport("Vehicle.CalcEngineRating", kErrOverflow);
     EXPECT_EQ(v.EngineRating, 200);
     EXPECT_EQ(v.EngineTonnage, 17);
+    // The product overflows before the suspension comes off: 656 x 50 does
+    // not fit, though 32800 - 235 would; 32767 x 1 - 40 does.
+    Vehicle h = Made(kVhlHover, 50, 5);
+    h.SetCruiseSpeed(656);
+    fake.ui.boxes.clear();
+    h.CalcEngineRating();
+    ExpectOneReport("Vehicle.CalcEngineRating", kErrOverflow);
+    EXPECT_EQ(h.EngineRating, 15);
+    h.SetTonnage(1);
+    h.SetCruiseSpeed(32767);
+    fake.ui.boxes.clear();
+    h.CalcEngineRating();
+    EXPECT_EQ(h.EngineRating, 32727);
 
     fake.ui.boxes.clear();
     v.SetCruiseSpeed(30000);  // flank 45000

@@ -93,6 +93,18 @@ TEST_F(VehicleTest, WindowRefreshSeesTheMastMountPlaceCleared) {
     bare.MastMountTonnage = 0;
     bare.CalcTotalTonnage();
     EXPECT_EQ(win.totalSeen, bare.TotalTonnage + 0.5);
+
+    // Only 1 means yes; any call clears the place.
+    v.UpdateWeaponLocation(0, kLocSecondTurret);
+    v.SetMastMount(kTrue);
+    EXPECT_EQ(v.HasMastMount, kFalse);
+    EXPECT_EQ(v.MastMountTonnage, 0);
+    EXPECT_EQ(v.Items[0].wLoc, kLocUnallocated);
+    // Not interactive: the window is not asked.
+    win.totalSeen = -1;
+    v.OverrideInteractiveMode();
+    v.SetMastMount(1);
+    EXPECT_EQ(win.totalSeen, -1);
 }
 
 TEST_F(VehicleTest, CrewWrittenBackByTheWindowSettles) {
@@ -106,69 +118,6 @@ TEST_F(VehicleTest, CrewWrittenBackByTheWindowSettles) {
     EXPECT_EQ(v.BaseCrew, 3);
     EXPECT_EQ(v.NumCrew, 3);
     EXPECT_EQ(v.CrewTonnage, 0);
-
-    // Level 3: once a design has a crew, a new tonnage leaves the crew aboard
-    // and shows nothing.
-    Bound b3(true);
-    auto& [w, win3] = b3;
-    w.SetTechLevel(3);
-    w.SetTonnage(5);
-    EXPECT_EQ(win3.crewCalls, 1);
-    w.SetCrew(4);
-    w.SetTonnage(90);  // crew 6 needed, 4 aboard
-    EXPECT_EQ(win3.crewCalls, 1);
-    EXPECT_EQ(w.BaseCrew, 6);
-    EXPECT_EQ(w.NumCrew, 4);
-    EXPECT_EQ(w.CrewTonnage, -1);
-}
-
-TEST_F(VehicleTest, InstanceNumbersFillGapsPerRow) {
-    Vehicle v = Made(kVhlTracked, 100, 2);
-    for (int i = 0; i < 4; ++i) v.AddWeapon(kMedLaser);
-    v.AddWeapon(kAC5);
-    v.RemoveWeapon(kMedLaser, 2);
-    v.RemoveWeapon(kMedLaser, 3);
-    // Another row's numbers are its own.
-    v.AddWeapon(kAC5);
-    EXPECT_EQ(v.Items.back(), (VehicleItem{kAC5, 2, kLocUnallocated, kTrue}));
-    v.AddWeapon(kMedLaser);
-    EXPECT_EQ(v.Items.back().wNum, 2);
-    v.AddWeapon(kMedLaser);
-    EXPECT_EQ(v.Items.back().wNum, 3);
-    v.AddWeapon(kMedLaser);
-    EXPECT_EQ(v.Items.back().wNum, 5);
-    // Removing by a number that belongs to another row removes nothing.
-    v.RemoveWeapon(kLargeLaser, 1);
-    EXPECT_EQ(v.WeaponCount(), 7);
-}
-
-TEST_F(VehicleTest, CurrentItemRecordIgnoresPositionsOutOfRange) {
-    Vehicle v = Made(kVhlTracked, 50, 4);
-    v.AddWeapon(kMedLaser);
-    gCurrentVehicleItem = VehicleItem{7, 7, 7, 7};
-    EXPECT_EQ(v.SetVehicleWeaponGlobal(-1), 0);
-    EXPECT_EQ(gCurrentVehicleItem, (VehicleItem{7, 7, 7, 7}));
-    v.ClearWeapons();
-    EXPECT_EQ(v.SetVehicleWeaponGlobal(0), 0);  // no used item at all
-    EXPECT_EQ(gCurrentVehicleItem, (VehicleItem{7, 7, 7, 7}));
-    EXPECT_TRUE(fake.ui.boxes.empty());
-}
-
-TEST_F(VehicleTest, RatingProductOverflowsBeforeTheSuspension) {
-    // 656 * 50 = 32800 does not fit, although 32800 - 235 would.
-    Vehicle v = Made(kVhlHover, 50, 5);
-    ASSERT_EQ(v.EngineRating, 15);
-    v.SetCruiseSpeed(656);
-    v.CalcEngineRating();
-    ExpectOneReport("Vehicle.CalcEngineRating", kErrOverflow);
-    EXPECT_EQ(v.EngineRating, 15);
-    // The largest product that fits.
-    v.SetTonnage(1);  // suspension 40
-    v.SetCruiseSpeed(32767);
-    fake.ui.boxes.clear();
-    v.CalcEngineRating();
-    EXPECT_TRUE(fake.ui.boxes.empty());
-    EXPECT_EQ(v.EngineRating, 32727);
 }
 
 TEST_F(VehicleTest, ArmorLocationWithoutArmorStillRecomputesThePoints) {

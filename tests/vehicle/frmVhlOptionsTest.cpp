@@ -1,25 +1,15 @@
 // The editor's option boxes, armor inputs and targeting computer list.
 #include <gtest/gtest.h>
 
-#include <memory>
-
-#include "EditorTestSupport.h"
-#include "VehicleTestSupport.h"
-#include "support/NewEditor.h"
+#include "EditorFixture.h"
 
 using namespace bw;
 using namespace bw::test;
 
 namespace {
 
-class OptionsTest : public VehicleTest {
+class OptionsTest : public EditorFixture {
 protected:
-    std::unique_ptr<frmVhl> win;
-    frmVhl& New(int16_t type, int16_t tons, int16_t level = 3) {
-        win = NewEditor(type, 0, level);
-        win->scrlTonnage.SetValue(tons);
-        return *win;
-    }
     void ExpectRefused(const std::string& title, const std::string& text, MsgIcon icon = MsgIcon::Critical) {
         EXPECT_EQ(LastShown(fake.ui), (Shown{title, text, icon}));
     }
@@ -28,7 +18,7 @@ protected:
 }  // namespace
 
 TEST_F(OptionsTest, RefusedBoxLeavesTheDesignAndAsksOnce) {
-    New(kVhlWheeled, 40);
+    New(kVhlWheeled, 0, 3, 40);
     win->CBoxDuneBuggy.SetValue(1);
     EXPECT_EQ(win->vhl->HasDuneBuggyEquip, -1);
     const int16_t items = win->vhl->NumItems;
@@ -46,7 +36,7 @@ TEST_F(OptionsTest, RefusedBoxLeavesTheDesignAndAsksOnce) {
 }
 
 TEST_F(OptionsTest, ExclusionsTestInOrderAndAreOneSided) {
-    New(kVhlTracked, 50);
+    New(kVhlTracked, 0, 3, 50);
     win->CBoxBulldozer.SetValue(1);
     win->CBoxHasTurret.SetValue(1);
     // The turret is tested before the bulldozer.
@@ -72,7 +62,7 @@ TEST_F(OptionsTest, ExclusionsTestInOrderAndAreOneSided) {
     EXPECT_EQ(fake.ui.boxes.size(), 2u);
 
     // The MASH unit keeps out the coolant system and the mobile HQ.
-    New(kVhlTracked, 60);
+    New(kVhlTracked, 0, 3, 60);
     win->CBoxMASHUnit.SetValue(1);
     win->scrlMASHUnits.SetValue(3);
     EXPECT_EQ(win->vhl->MASHTonnage, 5.5);
@@ -86,7 +76,7 @@ TEST_F(OptionsTest, ExclusionsTestInOrderAndAreOneSided) {
 }
 
 TEST_F(OptionsTest, JumpJetsAndSponsonsAndTheNumberInput) {
-    New(kVhlTracked, 50);
+    New(kVhlTracked, 0, 3, 50);
     win->scrlSpeed.SetValue(3);
     win->CBoxHasSponsonTurret.SetValue(1);
     win->CBoxJJs.SetValue(1);
@@ -114,7 +104,7 @@ TEST_F(OptionsTest, JumpJetsAndSponsonsAndTheNumberInput) {
 }
 
 TEST_F(OptionsTest, MainTurretClearsTheSecondAndZeroesArmor) {
-    New(kVhlTracked, 50);
+    New(kVhlTracked, 0, 3, 50);
     win->scrlArmorTonnage.SetValue(4);  // 32 points
     win->CBoxHasTurret.SetValue(1);
     EXPECT_TRUE(win->CBoxHasSecondTurret.Visible());
@@ -132,7 +122,7 @@ TEST_F(OptionsTest, MainTurretClearsTheSecondAndZeroesArmor) {
 }
 
 TEST_F(OptionsTest, ArmorTypeAndEngineNeedFreeSlotsAndGoBack) {
-    New(kVhlTracked, 5);  // 6 slots
+    New(kVhlTracked, 0, 3, 5);  // 6 slots
     win->cmboArmorType.SetListIndex(5);  // Reactive, two slots
     EXPECT_EQ(win->vhl->NumItems, 2);
     for (int i = 0; i < 3; ++i) win->vhl->AddWeapon(kMedLaser);
@@ -144,7 +134,7 @@ TEST_F(OptionsTest, ArmorTypeAndEngineNeedFreeSlotsAndGoBack) {
     EXPECT_EQ(win->cmboArmorType.ListIndex(), 0) << "falls back to Normal";
     EXPECT_EQ(win->vhl->ArmorType, 0);
 
-    New(kVhlTracked, 5);
+    New(kVhlTracked, 0, 3, 5);
     for (int i = 0; i < 5; ++i) win->vhl->AddWeapon(kMedLaser);
     ASSERT_EQ(win->vhl->MaxItems - win->vhl->NumItems, 1);
     const Vehicle before = *win->vhl;
@@ -163,7 +153,7 @@ TEST_F(OptionsTest, ArmorTypeAndEngineNeedFreeSlotsAndGoBack) {
 }
 
 TEST_F(OptionsTest, ArmorLimitsAndMirroring) {
-    New(kVhlTracked, 50);
+    New(kVhlTracked, 0, 3, 50);
     win->scrlArmorTonnage.SetValue(2);  // 16 points
     EXPECT_EQ(win->LTotalPoints.Caption(), "16");
     EXPECT_EQ(win->scrlArmorLoc[0].Max(), 16);
@@ -186,7 +176,7 @@ TEST_F(OptionsTest, ArmorLimitsAndMirroring) {
     EXPECT_EQ(win->vhl->LeftArmor, win->vhl->RightArmor);
 
     // A super heavy tank mirrors its corners but not its sides.
-    New(kVhlSuperHeavy, 100);
+    New(kVhlSuperHeavy, 0, 3, 100);
     win->scrlArmorTonnage.SetValue(4);
     win->scrlArmorLoc[8].SetValue(4);
     EXPECT_EQ(win->vhl->FrontLeftArmor, 4);
@@ -197,7 +187,7 @@ TEST_F(OptionsTest, ArmorLimitsAndMirroring) {
     EXPECT_EQ(win->vhl->RightArmor, 0);
 
     // A rotor takes two points, however many are typed.
-    New(kVhlVTOL, 20);
+    New(kVhlVTOL, 0, 3, 20);
     win->scrlArmorTonnage.SetValue(2);
     win->TArmorLoc[5].SetText("9");
     win->TArmorLoc[5].LostFocus();
@@ -206,7 +196,7 @@ TEST_F(OptionsTest, ArmorLimitsAndMirroring) {
 }
 
 TEST_F(OptionsTest, TargetingComputerLocations) {
-    New(kVhlTracked, 50);
+    New(kVhlTracked, 0, 3, 50);
     win->CBoxTC.SetValue(1);
     EXPECT_TRUE(win->cmboTCLoc.Visible());
     EXPECT_EQ(win->cmboTCLoc.ListCount(), 5);

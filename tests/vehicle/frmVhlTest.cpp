@@ -4,10 +4,8 @@
 #include <gtest/gtest.h>
 
 #include <functional>
-#include <memory>
 
-#include "EditorTestSupport.h"
-#include "VehicleTestSupport.h"
+#include "EditorFixture.h"
 #include "core/Forms.h"
 #include "core/Globals.h"
 #include "core/Helpers.h"
@@ -25,19 +23,13 @@ namespace {
 constexpr int32_t kRed = 0x0000FF, kGreen = 0x00FF00, kBlack = 0;
 using Texts = std::vector<std::string>;
 
-class EditorTest : public VehicleTest {
+class EditorTest : public EditorFixture {
 protected:
     int16_t savedGift = gGiftMessage;
-    std::unique_ptr<frmVhl> win;
 
     void TearDown() override {
         gGiftMessage = savedGift;
-        win.reset();
-        zResetDatabase();
-    }
-    frmVhl& New(int16_t type, int16_t base = 0, int16_t level = 3) {
-        win = NewEditor(type, base, level);
-        return *win;
+        EditorFixture::TearDown();
     }
     // Types a text and leaves the box.
     static void Type(TextBox& t, const std::string& text) {
@@ -85,7 +77,7 @@ TEST_F(EditorTest, OfferByTechBaseAndLevel) {
         New(kVhlTracked, c.base, c.level);
         EXPECT_EQ(Lines(win->cmboEngType), Texts(engines3.begin(), engines3.begin() + c.engines));
         EXPECT_EQ(win->cmboArmorType.Visible(), !c.armor.empty());
-        if (!c.armor.empty()) EXPECT_EQ(Lines(win->cmboArmorType), c.armor);
+        if (!c.armor.empty()) { EXPECT_EQ(Lines(win->cmboArmorType), c.armor); }
         EXPECT_EQ(win->CBoxTC.Visible(), c.tc);
         EXPECT_EQ(win->TAdditionalCrew.Visible(), c.crew);
         EXPECT_EQ(win->LTechBase.Caption(), c.base ? "Clan" : "Inner Sphere");

