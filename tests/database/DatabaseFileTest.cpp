@@ -109,28 +109,26 @@ TEST_F(DatabaseFile, ItemCountFollowsItemZero) {
 }
 
 TEST_F(DatabaseFile, NamesArePaddedCutAndTrimmed) {
-    auto roundTrip = [](const std::string& name, std::string* stored = nullptr) {
+    const std::string fifty(50, 'x');
+    // {name, the 50 bytes stored, the name read back}; Windows-1252 bytes go through untouched.
+    const std::tuple<std::string, std::string, std::string> cases[] = {
+        {fifty, fifty, fifty},
+        {fifty + "yz", fifty, fifty},
+        {"Ab", "Ab" + std::string(48, ' '), "Ab"},
+        {"   Leading", "   Leading" + std::string(40, ' '), "Leading"},
+        {"Inner  Blanks", "Inner  Blanks" + std::string(37, ' '), "Inner  Blanks"},
+        {"Sch\xe4" "fer \x80", "Sch\xe4" "fer \x80" + std::string(41, ' '), "Sch\xe4" "fer \x80"},
+    };
+    for (const auto& [name, stored, back] : cases) {
         Vehicle v;
         v.Name = name;
-        BinaryWriter w;
-        v.SaveData(w);
-        if (stored) *stored = w.Data().substr(0, 50);
-        BinaryReader r(w.Data());
-        Vehicle back;
-        back.LoadData(r);
-        return back.Name;
-    };
-    const std::string fifty(50, 'x');
-    EXPECT_EQ(roundTrip(fifty), fifty);
-    std::string stored;
-    EXPECT_EQ(roundTrip(fifty + "yz", &stored), fifty);
-    EXPECT_EQ(stored, fifty);
-    EXPECT_EQ(roundTrip("   Leading"), "Leading");
-    EXPECT_EQ(roundTrip("Inner  Blanks"), "Inner  Blanks");
-    // Windows-1252 bytes go through untouched.
-    EXPECT_EQ(roundTrip("Sch\xe4" "fer \x80"), "Sch\xe4" "fer \x80");
-    roundTrip("Ab", &stored);
-    EXPECT_EQ(stored, "Ab" + std::string(48, ' '));
+        const std::string bytes = Written(v);
+        EXPECT_EQ(bytes.substr(0, 50), stored);
+        BinaryReader r(bytes);
+        Vehicle read;
+        ASSERT_TRUE(read.LoadData(r));
+        EXPECT_EQ(read.Name, back);
+    }
 }
 
 Fighter DistinctFighter(int16_t type) {
@@ -240,15 +238,10 @@ TEST_F(DatabaseFile, OmniFighterLoadsItsLiveFieldsFromTheBase) {
         EXPECT_EQ(back.OmniWeapons[1], f.OmniWeapons[1]);
         EXPECT_EQ(back.OmniWeapons[3], std::vector<FighterWeapon>(1));
         // Configuration 0 shows in the live fields.
-        EXPECT_EQ(back.HeatSinks, 60);
-        EXPECT_EQ(back.HeatSinkTonnage, 70);
-        EXPECT_EQ(back.FuelTonnage, 50);
-        EXPECT_EQ(back.HasTC, 0);
-        EXPECT_EQ(back.TCTonnage, 1.5);
-        EXPECT_EQ(back.TCLocation, 10);
-        EXPECT_EQ(back.WeaponHeat, 20);
-        EXPECT_EQ(back.WeaponTonnage, 30.25);
-        EXPECT_EQ(back.OmniCurrentConfig, 0);
+        EXPECT_EQ(std::tuple(back.HeatSinks, back.HeatSinkTonnage, back.FuelTonnage, back.HasTC, back.TCLocation,
+                             back.WeaponHeat, back.OmniCurrentConfig),
+                  std::tuple(60, 70, 50, 0, 10, 20, 0));
+        EXPECT_EQ(std::pair(back.TCTonnage, back.WeaponTonnage), std::pair(1.5, 30.25));
         // The live list: "Primary" once locked, the base before.
         EXPECT_EQ(back.Weapons, locked ? f.OmniWeapons[1] : f.OmniWeapons[0]);
         // Read back and written again: the same bytes.
