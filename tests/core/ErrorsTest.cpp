@@ -1,57 +1,43 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <functional>
 
 #include "core/Errors.h"
-#include "support/FakeUi.h"
+#include "support/Boxes.h"
 #include "support/RaisesError.h"
 
 using namespace bw;
+using test::ErrNumberOf;
 
-TEST(CheckedArithmetic, NarrowingRaisesOverflowAtTheEdges) {
+TEST(CheckedArithmetic, NarrowingRoundingAndDivisionRaiseAtTheEdges) {
     EXPECT_EQ(zI16(32767), 32767);
     EXPECT_EQ(zI16(-32768), -32768);
-    EXPECT_EQ(test::ErrNumberOf([] { zI16(32768); }), kErrOverflow);
-    EXPECT_EQ(test::ErrNumberOf([] { zI16(-32769); }), kErrOverflow);
-    EXPECT_EQ(test::ErrNumberOf([] { zI16(int32_t{300} * 300); }), kErrOverflow);
     EXPECT_EQ(zI32(2147483647LL), 2147483647);
-    EXPECT_EQ(test::ErrNumberOf([] { zI32(2147483648LL); }), kErrOverflow);
-}
-
-TEST(CheckedArithmetic, ConversionRoundsHalfToEven) {
-    EXPECT_EQ(zCInt(0.5), 0);
-    EXPECT_EQ(zCInt(1.5), 2);
-    EXPECT_EQ(zCInt(2.5), 2);
-    EXPECT_EQ(zCInt(-2.5), -2);
-    EXPECT_EQ(zCInt(2.5000001), 3);
+    // Rounding is half to even.
+    for (auto [in, out] : {std::pair(0.5, 0), {1.5, 2}, {2.5, 2}, {-2.5, -2}, {2.5000001, 3}, {32767.4, 32767}})
+        EXPECT_EQ(zCInt(in), out) << in;
     EXPECT_EQ(zCLng(12.75), 13);
-    EXPECT_EQ(zCInt(32767.4), 32767);
-    EXPECT_EQ(test::ErrNumberOf([] { zCInt(32767.5); }), kErrOverflow);  // rounds to 32768
-    EXPECT_EQ(test::ErrNumberOf([] { zCInt(std::nan("")); }), kErrOverflow);
-    EXPECT_EQ(test::ErrNumberOf([] { zCLng(3e9); }), kErrOverflow);
-}
-
-TEST(CheckedArithmetic, DivisionByZeroIsError11) {
     EXPECT_EQ(zDiv16(7, 2), 3);
-    EXPECT_EQ(test::ErrNumberOf([] { zDiv16(1, 0); }), kErrDivByZero);
-    EXPECT_EQ(test::ErrNumberOf([] { zDiv16(-32768, -1); }), kErrOverflow);
+    const std::pair<std::function<void()>, int> raises[] = {
+        {[] { zI16(32768); }, kErrOverflow},        {[] { zI16(-32769); }, kErrOverflow},
+        {[] { zI16(int32_t{300} * 300); }, kErrOverflow}, {[] { zI32(2147483648LL); }, kErrOverflow},
+        {[] { zCInt(32767.5); }, kErrOverflow},  // rounds to 32768
+        {[] { zCInt(std::nan("")); }, kErrOverflow}, {[] { zCLng(3e9); }, kErrOverflow},
+        {[] { zDiv16(1, 0); }, kErrDivByZero},      {[] { zDiv16(-32768, -1); }, kErrOverflow},
+    };
+    for (size_t i = 0; i < std::size(raises); ++i) EXPECT_EQ(ErrNumberOf(raises[i].first), raises[i].second) << i;
 }
 
-TEST(ErrorReporter, ShowsTheExactTextInACriticalBoxTitledError) {
+TEST(ErrorReporter, ShowsTheExactTextInACriticalBoxTitledErrorWhenAsked) {
     test::ScopedFakeUi fake;
-    int r = zTrap("zSomething", -7, []() -> int { zRaise(kErrOverflow); });
-    EXPECT_EQ(r, -7);
-    ASSERT_EQ(fake.ui.boxes.size(), 1u);
-    EXPECT_EQ(fake.ui.LastBox().title, "Error");
-    EXPECT_EQ(fake.ui.LastBox().icon, MsgIcon::Critical);
-    EXPECT_EQ(fake.ui.LastBox().text,
-              "A problem has occurred. Your application may now be unstable. Please contact Tallowmere Workshop "
-              "by sending email to:support@tallowmere-workshop.example Please include the following information:\n\n"
-              "\tFunction: zSomething\n\tError Number: 6\n\tError Description: Overflow");
-}
-
-TEST(ErrorReporter, NoBoxWhenNotAsked) {
-    test::ScopedFakeUi fake;
+    EXPECT_EQ(zTrap("zSomething", -7, []() -> int { zRaise(kErrOverflow); }), -7);
     zReportError("x", RunError(kErrSubscript), false, false);
-    EXPECT_TRUE(fake.ui.boxes.empty());
+    EXPECT_EQ(test::TakeBoxes(fake.ui),
+              (std::vector<test::Box>{
+                  {"Error",
+                   "A problem has occurred. Your application may now be unstable. Please contact Tallowmere Workshop "
+                   "by sending email to:support@tallowmere-workshop.example Please include the following "
+                   "information:\n\n\tFunction: zSomething\n\tError Number: 6\n\tError Description: Overflow",
+                   MsgIcon::Critical}}));
 }

@@ -9,49 +9,38 @@
 #include "core/Progress.h"
 #include "support/AppFolder.h"
 #include "support/FakeUi.h"
+#include "support/RaisesError.h"
 #include "support/TempDir.h"
 
 using namespace bw;
 
 using test::AppFolder;
+using test::ErrNumberOf;
 
 TEST(Rounding, FractionalGrainsStayOnAStepBelowOneHundredth) {
-    EXPECT_EQ(zRoundHalf(0), 0);
-    EXPECT_EQ(zRoundHalf(1.005), 1);
-    EXPECT_EQ(zRoundHalf(1.01), 1.5);
-    EXPECT_EQ(zRoundHalf(2.5), 2.5);
-    EXPECT_EQ(zRoundHalf(2.51), 3);
-    EXPECT_EQ(zRoundHalf(-0.1), -0.5);
-    EXPECT_EQ(zRoundHalf(-1.5), -1.5);
-    EXPECT_EQ(zRoundQuarter(1.005), 1);
-    EXPECT_EQ(zRoundQuarter(1.01), 1.25);
-    EXPECT_EQ(zRoundQuarter(3.25), 3.25);
-    EXPECT_EQ(zRoundQuarter(3.26), 3.5);
-    EXPECT_EQ(zRoundQuarter(-0.01), -0.25);
-    EXPECT_EQ(zRoundQuarter(0), 0);
-    EXPECT_EQ(zRoundTenth(1.005), 1);
-    EXPECT_DOUBLE_EQ(zRoundTenth(1.01), 1.1);
-    EXPECT_DOUBLE_EQ(zRoundTenth(-1.01), -1.1);
-    EXPECT_EQ(zRoundTenth(0), 0);
-    EXPECT_DOUBLE_EQ(zRoundTenth(2.3), 2.3);
+    // {value, to a half, to a quarter, to a tenth}
+    const double cases[][4] = {
+        {0, 0, 0, 0},        {1.005, 1, 1, 1},      {1.01, 1.5, 1.25, 1.1}, {2.5, 2.5, 2.5, 2.5},
+        {2.52, 3, 2.75, 2.6}, {-0.1, -0.5, -0.25, -0.1}, {-1.5, -1.5, -1.5, -1.5}, {3.26, 3.5, 3.5, 3.3},
+        {-0.02, -0.5, -0.25, -0.1}, {-1.01, -1.5, -1.25, -1.1}, {2.3, 2.5, 2.5, 2.3}, {3.25, 3.5, 3.25, 3.3},
+    };
+    for (const auto& c : cases) {
+        EXPECT_EQ(zRoundHalf(c[0]), c[1]) << c[0];
+        EXPECT_EQ(zRoundQuarter(c[0]), c[2]) << c[0];
+        EXPECT_DOUBLE_EQ(zRoundTenth(c[0]), c[3]) << c[0];
+    }
 }
 
 TEST(Rounding, UpAndDown) {
-    EXPECT_EQ(zRoundUp(2.0001), 3);
-    EXPECT_EQ(zRoundUp(2), 2);
-    EXPECT_EQ(zRoundUp(-1.5), -1);
-    EXPECT_THROW(zRoundUp(3e9), RunError);
-    EXPECT_EQ(zRoundDown(6), 6);
-    EXPECT_EQ(zRoundDown(6.5), 5);
-    EXPECT_EQ(zRoundDown(5.5), 4);
-    EXPECT_EQ(zRoundDown(-5.5), -7);
-    EXPECT_EQ(zRoundDown(0), 0);
+    for (auto [in, up] : {std::pair(2.0001, 3), {2.0, 2}, {-1.5, -1}}) EXPECT_EQ(zRoundUp(in), up) << in;
+    EXPECT_EQ(ErrNumberOf([] { zRoundUp(3e9); }), kErrOverflow);
+    for (auto [in, down] : {std::pair(6.0, 6), {6.5, 5}, {5.5, 4}, {-5.5, -7}, {0.0, 0}, {32767.0, 32767}})
+        EXPECT_EQ(zRoundDown(in), down) << in;
 }
 
 TEST(Rounding, TrappedFailuresReportAndGiveZero) {
     test::ScopedFakeUi fake;
     EXPECT_EQ(zRoundDown(40000.5), 0);
-    EXPECT_EQ(zRoundDown(32767), 32767);
     EXPECT_EQ(zRoundTenth(std::numeric_limits<double>::infinity()), 0);
     ASSERT_EQ(fake.ui.boxes.size(), 2u);
     EXPECT_EQ(fake.ui.boxes[0].title, "Error");
@@ -59,68 +48,57 @@ TEST(Rounding, TrappedFailuresReportAndGiveZero) {
     EXPECT_NE(fake.ui.boxes[1].text.find("\tFunction: zRoundTenth\n"), std::string::npos);
 }
 
-TEST(TextHelpers, GetWordPlainAndQualified) {
+TEST(TextHelpers, GetWordCountWordsAndReplace) {
     test::ScopedFakeUi fake;
-    EXPECT_EQ(zGetWord(0, "  a,b,c  "), "a");
-    EXPECT_EQ(zGetWord(2, "a,b,c"), "c");
-    EXPECT_EQ(zGetWord(1, "a,,c"), "");
-    EXPECT_EQ(zGetWord(1, "one two", " "), "two");
-    EXPECT_EQ(zGetWord(1, "\"x, y\",\"z\"", ","), "z");
-    EXPECT_EQ(zGetWord(0, "\"x, y\",\"z\"", ","), "x, y");
-    EXPECT_TRUE(fake.ui.boxes.empty());
-
-    EXPECT_EQ(zGetWord(3, "a,b,c"), "");
-    EXPECT_EQ(zGetWord(-1, " a,b "), "");
-    ASSERT_EQ(fake.ui.boxes.size(), 2u);
-    EXPECT_NE(fake.ui.boxes[0].text.find("\tFunction: zGetWord\n"), std::string::npos);
-    EXPECT_NE(fake.ui.boxes[0].text.find("\tError Description: Word index(3) is invalid for string 'a,b,c'"),
-              std::string::npos);
-    EXPECT_NE(fake.ui.boxes[1].text.find("\tError Description: Invalid wWordIndex (-1) in string a,b."),
-              std::string::npos);
-}
-
-TEST(TextHelpers, CountWords) {
-    test::ScopedFakeUi fake;
+    const std::tuple<int16_t, const char*, const char*, const char*> words[] = {
+        {0, "  a,b,c  ", ",", "a"}, {2, "a,b,c", ",", "c"},           {1, "a,,c", ",", ""},
+        {1, "one two", " ", "two"}, {1, "\"x, y\",\"z\"", ",", "z"}, {0, "\"x, y\",\"z\"", ",", "x, y"},
+    };
+    for (auto [i, text, sep, want] : words) EXPECT_EQ(zGetWord(i, text, sep), want) << text;
     EXPECT_EQ(zCountWords("  one  two three "), 3);
     EXPECT_EQ(zCountWords(""), 0);
     EXPECT_EQ(zCountWords("   "), 0);
     EXPECT_EQ(zCountWords("a,b,,c", ","), 4);
     EXPECT_EQ(zCountWords("\"a b\" \"c\" \"d", " ", "\""), 2);
     EXPECT_EQ(zCountWords("[a] [b] [c]", " ", "[", "]"), 3);
-    EXPECT_TRUE(fake.ui.boxes.empty());
-    EXPECT_EQ(zCountWords("a b", ""), 0);
-    ASSERT_EQ(fake.ui.boxes.size(), 1u);
-    EXPECT_NE(fake.ui.boxes[0].text.find(" on for zCountWords"), std::string::npos);
-}
-
-TEST(TextHelpers, ReplaceDoesNotRescan) {
+    // The replacement is not scanned again.
     EXPECT_EQ(zReplace("aaa", "a", "aa"), "aaaaaa");
     EXPECT_EQ(zReplace("abcabc", "bc", ""), "aa");
     EXPECT_EQ(zReplace("x", "", "y"), "x");
-    EXPECT_EQ(zReplace("1,2,3", ",", ", "), "1, 2, 3");
+    EXPECT_TRUE(fake.ui.boxes.empty());
+
+    EXPECT_EQ(zGetWord(3, "a,b,c"), "");
+    EXPECT_EQ(zGetWord(-1, " a,b "), "");
+    EXPECT_EQ(zCountWords("a b", ""), 0);
+    ASSERT_EQ(fake.ui.boxes.size(), 3u);
+    EXPECT_NE(fake.ui.boxes[0].text.find("\tFunction: zGetWord\n"), std::string::npos);
+    EXPECT_NE(fake.ui.boxes[0].text.find("\tError Description: Word index(3) is invalid for string 'a,b,c'"),
+              std::string::npos);
+    EXPECT_NE(fake.ui.boxes[1].text.find("\tError Description: Invalid wWordIndex (-1) in string a,b."),
+              std::string::npos);
+    EXPECT_NE(fake.ui.boxes[2].text.find(" on for zCountWords"), std::string::npos);
 }
 
 TEST(PathHelpers, EitherSeparator) {
-    EXPECT_EQ(zGetFileFromPath("C:\\Games\\Works.BWD"), "Works.BWD");
-    EXPECT_EQ(zGetFileFromPath("/home/u/Works.BWD"), "Works.BWD");
-    EXPECT_EQ(zGetFileFromPath("a\\b/c.bwd"), "c.bwd");
-    EXPECT_EQ(zGetFileFromPath("plain.bwd"), "plain.bwd");
-    EXPECT_EQ(zGetFileFromPath("dir/"), "");
-    EXPECT_EQ(zGetPathFromFile("C:\\Games\\Works.BWD"), "C:\\Games");
-    EXPECT_EQ(zGetPathFromFile("/x"), "/");
-    EXPECT_EQ(zGetPathFromFile("plain.bwd"), "");
-    EXPECT_EQ(zRemoveExtension("/a/b/Works.BWD"), "/a/b/Works");
-    EXPECT_EQ(zRemoveExtension("/a.d/Works"), "/a.d/Works");
-    EXPECT_EQ(zRemoveExtension("x.tar.gz"), "x.tar");
+    for (auto [path, file] : {std::pair("C:\\Games\\Works.BWD", "Works.BWD"), {"/home/u/Works.BWD", "Works.BWD"},
+                              {"a\\b/c.bwd", "c.bwd"}, {"plain.bwd", "plain.bwd"}, {"dir/", ""}})
+        EXPECT_EQ(zGetFileFromPath(path), file) << path;
+    for (auto [path, folder] : {std::pair("C:\\Games\\Works.BWD", "C:\\Games"), {"/x", "/"}, {"plain.bwd", ""}})
+        EXPECT_EQ(zGetPathFromFile(path), folder) << path;
+    for (auto [path, bare] : {std::pair("/a/b/Works.BWD", "/a/b/Works"), {"/a.d/Works", "/a.d/Works"}, {"x.tar.gz", "x.tar"}})
+        EXPECT_EQ(zRemoveExtension(path), bare) << path;
 }
 
-TEST(Files, FileExistsOnlyForReadableFiles) {
+TEST(Files, FileExistsOnlyForReadableFilesAndDirFindIgnoresCase) {
     test::TempDir d;
-    d.Write("f.txt", "x");
-    EXPECT_TRUE(zFileExists(d.File("f.txt")));
-    EXPECT_FALSE(zFileExists(d.File("g.txt")));
-    EXPECT_FALSE(zFileExists(d.Path()));
-    EXPECT_FALSE(zFileExists(""));
+    d.Write("Weapons.BIN", "x");
+    std::filesystem::create_directory(d.File("ad002.bwp"));
+    EXPECT_TRUE(zFileExists(d.File("Weapons.BIN")));
+    for (const std::string& p : {d.File("g.txt"), d.Path(), std::string()}) EXPECT_FALSE(zFileExists(p)) << p;
+    EXPECT_EQ(zDirFind(d.Path(), "weapons.bin"), "Weapons.BIN");
+    EXPECT_EQ(zDirFind(d.Path(), "armorloc.bin"), "");
+    EXPECT_EQ(zDirFind(d.Path(), "ad002.bwp"), "");  // folders are not files
+    EXPECT_EQ(ErrNumberOf([&] { zDirFind(d.File("nope"), "x"); }), kErrPathNotFound);
 }
 
 TEST(Files, HasParmWholeLineCaseInsensitiveNoTrim) {
@@ -138,21 +116,6 @@ TEST(Files, HasParmWholeLineCaseInsensitiveNoTrim) {
     EXPECT_FALSE(zHasParm("x"));
 }
 
-TEST(Files, DirFindIgnoresCaseAndRaises76ForAMissingFolder) {
-    test::TempDir d;
-    d.Write("Weapons.BIN", "x");
-    std::filesystem::create_directory(d.File("ad002.bwp"));
-    EXPECT_EQ(zDirFind(d.Path(), "weapons.bin"), "Weapons.BIN");
-    EXPECT_EQ(zDirFind(d.Path(), "armorloc.bin"), "");
-    EXPECT_EQ(zDirFind(d.Path(), "ad002.bwp"), "");  // folders are not files
-    try {
-        zDirFind(d.File("nope"), "x");
-        FAIL() << "no error";
-    } catch (const RunError& e) {
-        EXPECT_EQ(e.Number(), kErrPathNotFound);
-    }
-}
-
 TEST(Settings, NumericSettingAndTextConversion) {
     test::ScopedFakeUi fake;
     EXPECT_EQ(zGetNumericSetting("x", "General", "ActiveEdit", 16777215, true), 16777215);
@@ -162,25 +125,12 @@ TEST(Settings, NumericSettingAndTextConversion) {
     EXPECT_EQ(zGetNumericSetting("x", "General", "ActiveEdit", 7, true), 7);
     EXPECT_THROW(zGetNumericSetting("x", "General", "ActiveEdit", 7, false), RunError);
 
-    EXPECT_TRUE(zIsNumeric(" 12 "));
-    EXPECT_TRUE(zIsNumeric("-1.5e3"));
-    EXPECT_FALSE(zIsNumeric("0x10"));
-    EXPECT_FALSE(zIsNumeric("inf"));
-    EXPECT_FALSE(zIsNumeric(""));
+    for (auto [text, numeric] : {std::pair(" 12 ", true), {"-1.5e3", true}, {"0x10", false}, {"inf", false}, {"", false}})
+        EXPECT_EQ(zIsNumeric(text), numeric) << text;
     EXPECT_EQ(zTextToI16(""), 0);
     EXPECT_EQ(zTextToI16("2.5"), 2);
-    try {
-        zTextToI16("two");
-        FAIL();
-    } catch (const RunError& e) {
-        EXPECT_EQ(e.Number(), kErrTypeMismatch);
-    }
-    try {
-        zTextToI16("40000");
-        FAIL();
-    } catch (const RunError& e) {
-        EXPECT_EQ(e.Number(), kErrOverflow);
-    }
+    EXPECT_EQ(ErrNumberOf([] { zTextToI16("two"); }), kErrTypeMismatch);
+    EXPECT_EQ(ErrNumberOf([] { zTextToI16("40000"); }), kErrOverflow);
 }
 
 TEST(Dialogs, WrappersPassEverythingAndCancelGivesEmpty) {
@@ -189,19 +139,16 @@ TEST(Dialogs, WrappersPassEverythingAndCancelGivesEmpty) {
     EXPECT_EQ(zDlgOpenFile("Open", 4, "Databases (*.bwd)|*.bwd", 1, "a.bwd", "/tmp"), "/tmp/a.bwd");
     EXPECT_EQ(zDlgSaveFile("Save"), "");
     ASSERT_EQ(fake.ui.dialogs.size(), 2u);
-    EXPECT_EQ(fake.ui.dialogs[0].title, "Open");
-    EXPECT_EQ(fake.ui.dialogs[0].flags, 4);
-    EXPECT_EQ(fake.ui.dialogs[0].filter, "Databases (*.bwd)|*.bwd");
-    EXPECT_EQ(fake.ui.dialogs[0].fileName, "a.bwd");
-    EXPECT_EQ(fake.ui.dialogs[0].folder, "/tmp");
-    EXPECT_EQ(fake.ui.dialogs[1].filter, "All Files (*.*)|*.*");
-    EXPECT_EQ(fake.ui.dialogs[1].filterIndex, 1);
+    const auto& d = fake.ui.dialogs;
+    EXPECT_EQ(std::tuple(d[0].title, d[0].flags, d[0].filter, d[0].fileName, d[0].folder),
+              std::tuple("Open", 4, "Databases (*.bwd)|*.bwd", "a.bwd", "/tmp"));
+    EXPECT_EQ(std::tuple(d[1].title, d[1].filter, d[1].filterIndex), std::tuple("Save", "All Files (*.*)|*.*", 1));
 }
 
 TEST(Progress, StepStopsOnceCancelledAndEndUnloads) {
     test::ScopedFakeUi fake;
-    int shown = 0, unloaded = 0;
-    SetProgFormHook([&](frmProg&, bool unload) { unload ? ++unloaded : ++shown; });
+    int unloaded = 0;
+    SetProgFormHook([&](frmProg&, bool unload) { unloaded += unload; });
     zProgStart("Printing", "Page 1", 10);
     ASSERT_NE(zProgForm(), nullptr);
     EXPECT_EQ(zProgForm()->Caption, "Printing");

@@ -1,10 +1,13 @@
 #include <gtest/gtest.h>
 
+#include <map>
+
 #include "core/Errors.h"
 #include "core/Settings.h"
 #include "core/frmSet.h"
 #include "support/AppFolder.h"
 #include "support/FakeUi.h"
+#include "support/RaisesError.h"
 
 using namespace bw;
 
@@ -12,7 +15,6 @@ namespace {
 struct SettingsFixture : ::testing::Test {
     test::ScopedFakeUi fake;
     test::AppFolder app;
-    std::string Stored(const std::string& s, const std::string& k) { return fake.settings.Get(s, k, "<absent>"); }
 };
 using LoadSettings = SettingsFixture;
 using SettingsWindow = SettingsFixture;
@@ -22,16 +24,10 @@ TEST_F(LoadSettings, EmptyStoreGivesTheDefaults) {
     gDefVhlLevel = 3;
     gActiveText = 5;
     zLoadSettings();
-    EXPECT_EQ(gOpenLast, 0);
-    EXPECT_EQ(gGiftMessage, 0);
     EXPECT_EQ(gOpenDBPath, app.dir.File("Works.BWD"));
-    EXPECT_EQ(gDefVhlType, 0);
-    EXPECT_EQ(gDefVhlLevel, 1);
-    EXPECT_EQ(gDefFtrLevel, 1);
-    EXPECT_EQ(gActiveEdit, 16777215);
-    EXPECT_EQ(gDeActiveEdit, 16777215);
-    EXPECT_EQ(gActiveText, 0);
-    EXPECT_EQ(gDeActiveText, 0);
+    EXPECT_EQ(std::vector<int32_t>({gOpenLast, gGiftMessage, gDefVhlType, gDefVhlLevel, gDefFtrLevel, gActiveEdit,
+                                    gDeActiveEdit, gActiveText, gDeActiveText}),
+              std::vector<int32_t>({0, 0, 0, 1, 1, 16777215, 16777215, 0, 0}));
 }
 
 TEST_F(LoadSettings, StoredValuesAndTheirConversion) {
@@ -62,12 +58,7 @@ TEST_F(LoadSettings, StoredValuesAndTheirConversion) {
 
 TEST_F(LoadSettings, NonNumericOrHugeValuesRaiseUntrapped) {
     fake.settings.Set("Vehicle", "Level", "two");
-    try {
-        zLoadSettings();
-        FAIL();
-    } catch (const RunError& e) {
-        EXPECT_EQ(e.Number(), kErrTypeMismatch);
-    }
+    EXPECT_EQ(test::ErrNumberOf([] { zLoadSettings(); }), kErrTypeMismatch);
     fake.settings.Set("Vehicle", "Level", "1");
     fake.settings.Set("General", "OpenLast", "70000");
     EXPECT_THROW(zLoadSettings(), RunError);
@@ -99,21 +90,17 @@ TEST_F(SettingsWindow, LoadShowsStoredValuesAndOkStoresEveryKey) {
     f.pnlColor[frmSet::kDeActiveEdit] = 12632256;
     f.PButOK_Click();
     EXPECT_FALSE(f.Loaded);
-    EXPECT_EQ(Stored("General", "OpenLast"), "1");
-    EXPECT_EQ(Stored("General", "GiftMessage"), "0");
-    EXPECT_EQ(Stored("General", "AeroPrintHeader"), "0");
-    EXPECT_EQ(Stored("General", "ExpandSel"), "1");
-    EXPECT_EQ(Stored("Vehicle", "Type"), "3");
-    EXPECT_EQ(Stored("Vehicle", "Base"), "0");
-    EXPECT_EQ(Stored("Vehicle", "Level"), "2");
-    EXPECT_EQ(Stored("Fighter", "Type"), "0");
-    EXPECT_EQ(Stored("Fighter", "Base"), "1");
-    EXPECT_EQ(Stored("Fighter", "Level"), "3");
-    EXPECT_EQ(Stored("General", "ActiveEdit"), "16777215");
-    EXPECT_EQ(Stored("General", "DeActiveEdit"), "12632256");
-    EXPECT_EQ(Stored("General", "ActiveText"), "0");
-    EXPECT_EQ(Stored("General", "DeActiveText"), "0");
-    EXPECT_EQ(Stored("General", "LastDB"), "<absent>");  // written only at shutdown
+    // Every key is written; the last database only at shutdown.
+    const std::map<std::pair<std::string, std::string>, std::string> want = {
+        {{"General", "OpenLast"}, "1"},         {{"General", "GiftMessage"}, "0"},
+        {{"General", "AeroPrintHeader"}, "0"},  {{"General", "ExpandSel"}, "1"},
+        {{"Vehicle", "Type"}, "3"},             {{"Vehicle", "Base"}, "0"},
+        {{"Vehicle", "Level"}, "2"},            {{"Fighter", "Type"}, "0"},
+        {{"Fighter", "Base"}, "1"},             {{"Fighter", "Level"}, "3"},
+        {{"General", "ActiveEdit"}, "16777215"}, {{"General", "DeActiveEdit"}, "12632256"},
+        {{"General", "ActiveText"}, "0"},       {{"General", "DeActiveText"}, "0"},
+    };
+    EXPECT_EQ(fake.settings.values, want);
     EXPECT_EQ(gExpandSel, 1);
     EXPECT_EQ(gDefFtrLevel, 3);
     EXPECT_EQ(gDeActiveEdit, 12632256);

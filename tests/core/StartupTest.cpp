@@ -15,9 +15,12 @@
 #include "refdata/Loaders.h"
 #include "refdata/Weapons.h"
 #include "support/AppFolder.h"
-#include "support/FakeUi.h"
+#include "support/Boxes.h"
 
 using namespace bw;
+using test::Box;
+using Boxes = std::vector<Box>;
+using Calls = std::vector<std::string>;
 
 namespace {
 
@@ -83,6 +86,12 @@ struct StartupFixture : ::testing::Test {
 
 using Startup = StartupFixture;
 
+// The box of an untrapped run-time error that ends the program.
+Box RunTimeErrorBox(int number, const std::string& description) {
+    return {"The Brasswick Works", "Run-time error '" + std::to_string(number) + "':\n\n" + description,
+            MsgIcon::Critical};
+}
+
 }  // namespace
 
 TEST(StartupText, LogLineAndLongDate) {
@@ -101,7 +110,7 @@ TEST(StartupText, LogLineAndLongDate) {
 
 TEST_F(Startup, EmptyFolderShowsOnlyTheWeaponMessageAndEnds) {
     EXPECT_EQ(Main(host), StartResult::Ended);
-    EXPECT_EQ(host.calls, std::vector<std::string>{"ShowSplash"});
+    EXPECT_EQ(host.calls, Calls{"ShowSplash"});
     EXPECT_EQ(host.splashVersion, "3.0.18 - Beta");
     ASSERT_EQ(fake.ui.boxes.size(), 1u);
     EXPECT_EQ(fake.ui.boxes[0].title, "Unable to find file");
@@ -138,27 +147,20 @@ TEST_F(Startup, EverythingPresentReachesTheDatabase) {
 TEST_F(Startup, NoArtFolderEndsUnlessIgnoreVersion) {
     WriteReferenceFiles();
     EXPECT_EQ(Main(host), StartResult::Ended);
-    ASSERT_EQ(fake.ui.boxes.size(), 1u);
-    EXPECT_EQ(fake.ui.boxes[0].title, "Missing BWP directory");
-    EXPECT_EQ(fake.ui.boxes[0].text,
-              "Unable to locate the BWP directory. This directory needs to exist and contain the *.BWP printing "
-              "resource files.");
-    EXPECT_EQ(host.calls, std::vector<std::string>{"ShowSplash"});
+    const Boxes missing = {{"Missing BWP directory",
+                            "Unable to locate the BWP directory. This directory needs to exist and contain the "
+                            "*.BWP printing resource files.",
+                            MsgIcon::Critical}};
+    EXPECT_EQ(test::TakeBoxes(fake.ui), missing);
+    EXPECT_EQ(host.calls, Calls{"ShowSplash"});
 
     for (const char* parm : {"iGNORE vERSION\n", "Special Menu\r\nIGNORE VERSION\r\n"}) {
         host.calls.clear();
-        fake.ui.boxes.clear();
         app.dir.Write("parm.txt", parm);
         EXPECT_EQ(Main(host), StartResult::Running) << parm;
         EXPECT_EQ(host.calls, FullRun());
-        EXPECT_EQ(fake.ui.boxes.size(), 1u);
+        EXPECT_EQ(test::TakeBoxes(fake.ui), missing);
     }
-}
-
-TEST_F(Startup, IgnoreVersionWithATrailingBlankDoesNotMatch) {
-    app.dir.Write("parm.txt", "Ignore Version \n");
-    EXPECT_EQ(Main(host), StartResult::Ended);
-    EXPECT_EQ(host.calls, std::vector<std::string>{"ShowSplash"});
 }
 
 TEST_F(Startup, IgnoreVersionCoversEveryFailedLoad) {
@@ -178,12 +180,12 @@ TEST_F(Startup, MissingArtFilesAreListed) {
     WriteArt("ad003 lgmn001 ad002");
     app.dir.Write("bwp/AD002.BWP", "art");  // any case counts
     EXPECT_EQ(Main(host), StartResult::Ended);
-    ASSERT_EQ(fake.ui.boxes.size(), 1u);
-    EXPECT_EQ(fake.ui.boxes[0].title, "Missing BWP files");
-    EXPECT_EQ(fake.ui.boxes[0].text,
-              "Some of the needed printing resource files could not be located. Please make sure all *.BWP file "
-              "are in the BWP directory before The Brasswick Works is started.\n\nThe following is a list of all "
-              "the missing files:\n\n\tad003.bwp\n\tlgmn001.bwp\n");
+    EXPECT_EQ(test::TakeBoxes(fake.ui),
+              (Boxes{{"Missing BWP files",
+                      "Some of the needed printing resource files could not be located. Please make sure all *.BWP "
+                      "file are in the BWP directory before The Brasswick Works is started.\n\nThe following is a "
+                      "list of all the missing files:\n\n\tad003.bwp\n\tlgmn001.bwp\n",
+                      MsgIcon::Critical}}));
 }
 
 TEST_F(Startup, ASecondRunTruncatesTheLog) {
@@ -202,7 +204,7 @@ TEST_F(Startup, ALogThatCannotBeCreatedEndsOnStderr) {
     EXPECT_EQ(Main(host), StartResult::Ended);
     const std::string err = testing::internal::GetCapturedStderr();
     EXPECT_EQ(err, "cannot write the log " + app.dir.File("Brasswick Works.Log") + ": Is a directory\n");
-    EXPECT_EQ(host.calls, std::vector<std::string>{"ShowSplash"});
+    EXPECT_EQ(host.calls, Calls{"ShowSplash"});
     EXPECT_TRUE(gWeapons.empty());
 }
 
@@ -212,9 +214,8 @@ TEST_F(Startup, AReferenceFileOf32768BytesEndsWithOverflow) {
     EXPECT_EQ(Main(host), StartResult::Ended);
     const std::string err = testing::internal::GetCapturedStderr();
     EXPECT_NE(err.find("run-time error 6: Overflow"), std::string::npos);
-    ASSERT_EQ(fake.ui.boxes.size(), 1u);
-    EXPECT_EQ(fake.ui.boxes[0].text, "Run-time error '6':\n\nOverflow");
-    EXPECT_EQ(host.calls, std::vector<std::string>{"ShowSplash"});
+    EXPECT_EQ(test::TakeBoxes(fake.ui), Boxes{RunTimeErrorBox(6, "Overflow")});
+    EXPECT_EQ(host.calls, Calls{"ShowSplash"});
 }
 
 TEST_F(Startup, MeasureCountsTheNavalFileAndNothingUnreadable) {
@@ -238,21 +239,15 @@ TEST_F(Startup, MeasureCountsTheNavalFileAndNothingUnreadable) {
 TEST_F(Startup, SettingsChooseTheDatabase) {
     WriteReferenceFiles();
     WriteArt();
-    fake.settings.Set("General", "OpenLast", "1");
-    fake.settings.Set("General", "LastDB", "/data/My.BWD");
-    EXPECT_EQ(Main(host), StartResult::Running);
-    EXPECT_EQ(host.calls.back(), "OpenDatabase /data/My.BWD");
-
-    host.calls.clear();
-    fake.settings.Set("General", "LastDB", "");
-    EXPECT_EQ(Main(host), StartResult::Running);
-    EXPECT_EQ(host.calls.back(), "OpenDatabase " + app.dir.File("Works.BWD"));
-
-    host.calls.clear();
-    fake.settings.Set("General", "OpenLast", "0");
-    fake.settings.Set("General", "LastDB", "/data/My.BWD");
-    EXPECT_EQ(Main(host), StartResult::Running);
-    EXPECT_EQ(host.calls.back(), "OpenDatabase " + app.dir.File("Works.BWD"));
+    // {OpenLast, LastDB, database opened}; empty means the default one.
+    for (auto [openLast, last, opened] : {std::tuple("1", "/data/My.BWD", "/data/My.BWD"), {"1", "", ""},
+                                          {"0", "/data/My.BWD", ""}}) {
+        host.calls.clear();
+        fake.settings.Set("General", "OpenLast", openLast);
+        fake.settings.Set("General", "LastDB", last);
+        EXPECT_EQ(Main(host), StartResult::Running);
+        EXPECT_EQ(host.calls.back(), "OpenDatabase " + (*opened ? std::string(opened) : app.dir.File("Works.BWD")));
+    }
 }
 
 TEST_F(Startup, ANonNumericSettingEndsAfterTheSplash) {
@@ -262,7 +257,6 @@ TEST_F(Startup, ANonNumericSettingEndsAfterTheSplash) {
     testing::internal::CaptureStderr();
     EXPECT_EQ(Main(host), StartResult::Ended);
     testing::internal::GetCapturedStderr();
-    EXPECT_EQ(host.calls, (std::vector<std::string>{"ShowSplash", "LoadPictures", "LoadMainWindow", "UnloadSplash"}));
-    ASSERT_EQ(fake.ui.boxes.size(), 1u);
-    EXPECT_EQ(fake.ui.boxes[0].text, "Run-time error '13':\n\nType mismatch");
+    EXPECT_EQ(host.calls, (Calls{"ShowSplash", "LoadPictures", "LoadMainWindow", "UnloadSplash"}));
+    EXPECT_EQ(test::TakeBoxes(fake.ui), Boxes{RunTimeErrorBox(13, "Type mismatch")});
 }

@@ -27,14 +27,6 @@ std::string Written(const Fighter& f) {
     return w.Data();
 }
 
-template <class T>
-void ExpectFieldsEqual(const T& got, const T& want, const std::vector<test::FieldDef<T>>& layout) {
-    for (const auto& f : layout) {
-        if (f.i16) EXPECT_EQ(got.*(f.i16), want.*(f.i16)) << f.name;
-        else EXPECT_EQ(got.*(f.f64), want.*(f.f64)) << f.name;
-    }
-}
-
 Vehicle DistinctVehicle() {
     Vehicle v;
     v.Name = "Demolisher";
@@ -59,13 +51,14 @@ TEST_F(DatabaseFile, VehicleWithoutItemsMatchesTheLayoutAndReadsBack) {
     EXPECT_EQ(got, want.str());
     EXPECT_EQ(got.size(), kVehicleFixedBytes);
 
+    // Read back, every field lands where the writer took it from: written
+    // again, the bytes are the same.
     BinaryReader r(got);
     Vehicle back;
     back.TCLocation = 7;
     ASSERT_TRUE(LoadData(back, r));
     EXPECT_TRUE(r.AtEnd());
-    EXPECT_EQ(back.Name, "Demolisher");
-    ExpectFieldsEqual(back, v, test::VehicleLayout());
+    EXPECT_EQ(Written(back), got);
     EXPECT_EQ(back.TCLocation, 0);
     ASSERT_EQ(back.Items.size(), 1u);
     EXPECT_EQ(back.Items[0].wStatus, 0);
@@ -85,9 +78,6 @@ TEST_F(DatabaseFile, ItemCountFollowsItemZero) {
     BinaryReader r(got);
     Vehicle back;
     ASSERT_TRUE(LoadData(back, r));
-    ASSERT_EQ(back.Items.size(), 3u);
-    EXPECT_EQ(back.Items[1].wLoc, 99);
-    EXPECT_EQ(back.Items[2].wType, 7);
     EXPECT_EQ(Written(back), got);
 
     // A hole is squeezed out before writing: the used items follow in
@@ -109,28 +99,26 @@ TEST_F(DatabaseFile, ItemCountFollowsItemZero) {
 }
 
 TEST_F(DatabaseFile, NamesArePaddedCutAndTrimmed) {
-    auto roundTrip = [](const std::string& name, std::string* stored = nullptr) {
+    const std::string fifty(50, 'x');
+    // {name, the 50 bytes stored, the name read back}; Windows-1252 bytes go through untouched.
+    const std::tuple<std::string, std::string, std::string> cases[] = {
+        {fifty, fifty, fifty},
+        {fifty + "yz", fifty, fifty},
+        {"Ab", "Ab" + std::string(48, ' '), "Ab"},
+        {"   Leading", "   Leading" + std::string(40, ' '), "Leading"},
+        {"Inner  Blanks", "Inner  Blanks" + std::string(37, ' '), "Inner  Blanks"},
+        {"Sch\xe4" "fer \x80", "Sch\xe4" "fer \x80" + std::string(41, ' '), "Sch\xe4" "fer \x80"},
+    };
+    for (const auto& [name, stored, back] : cases) {
         Vehicle v;
         v.Name = name;
-        BinaryWriter w;
-        SaveData(v, w);
-        if (stored) *stored = w.Data().substr(0, 50);
-        BinaryReader r(w.Data());
-        Vehicle back;
-        LoadData(back, r);
-        return back.Name;
-    };
-    const std::string fifty(50, 'x');
-    EXPECT_EQ(roundTrip(fifty), fifty);
-    std::string stored;
-    EXPECT_EQ(roundTrip(fifty + "yz", &stored), fifty);
-    EXPECT_EQ(stored, fifty);
-    EXPECT_EQ(roundTrip("   Leading"), "Leading");
-    EXPECT_EQ(roundTrip("Inner  Blanks"), "Inner  Blanks");
-    // Windows-1252 bytes go through untouched.
-    EXPECT_EQ(roundTrip("Sch\xe4" "fer \x80"), "Sch\xe4" "fer \x80");
-    roundTrip("Ab", &stored);
-    EXPECT_EQ(stored, "Ab" + std::string(48, ' '));
+        const std::string bytes = Written(v);
+        EXPECT_EQ(bytes.substr(0, 50), stored);
+        BinaryReader r(bytes);
+        Vehicle read;
+        ASSERT_TRUE(LoadData(read, r));
+        EXPECT_EQ(read.Name, back);
+    }
 }
 
 Fighter DistinctFighter(int16_t type) {
@@ -163,11 +151,7 @@ TEST_F(DatabaseFile, PlainFightersMatchTheLayoutWithTheirHolesSqueezedOut) {
         Fighter back;
         ASSERT_TRUE(LoadData(back, r));
         EXPECT_TRUE(r.AtEnd());
-        EXPECT_EQ(back.Name, "Sabre");
-        ExpectFieldsEqual(back, f, test::FighterHeadLayout());
-        ExpectFieldsEqual(back, f, test::FighterPlainTailLayout());
-        ASSERT_EQ(back.Weapons.size(), 2u);
-        EXPECT_EQ(back.Weapons[1], (FighterWeapon{6, 2, 0, -1, 3, 1}));
+        EXPECT_EQ(Written(back), got);
 
         // No active entry at all: a count of -1.
         f.Weapons = {{4, 1, 0, 0, 0, 0}};
@@ -232,23 +216,12 @@ TEST_F(DatabaseFile, OmniFighterLoadsItsLiveFieldsFromTheBase) {
         back.OmniCurrentConfig = 4;
         ASSERT_TRUE(LoadData(back, r));
         EXPECT_TRUE(r.AtEnd());
-        ExpectFieldsEqual(back, f, test::FighterHeadLayout());
-        EXPECT_EQ(back.OmniBaseLocked, locked);
-        EXPECT_EQ(back.OmniTCTonnage, f.OmniTCTonnage);
-        EXPECT_EQ(back.OmniFreeTonnage, f.OmniFreeTonnage);
-        EXPECT_EQ(back.OmniHeatSinkTonnage, f.OmniHeatSinkTonnage);
-        EXPECT_EQ(back.OmniWeapons[1], f.OmniWeapons[1]);
         EXPECT_EQ(back.OmniWeapons[3], std::vector<FighterWeapon>(1));
         // Configuration 0 shows in the live fields.
-        EXPECT_EQ(back.HeatSinks, 60);
-        EXPECT_EQ(back.HeatSinkTonnage, 70);
-        EXPECT_EQ(back.FuelTonnage, 50);
-        EXPECT_EQ(back.HasTC, 0);
-        EXPECT_EQ(back.TCTonnage, 1.5);
-        EXPECT_EQ(back.TCLocation, 10);
-        EXPECT_EQ(back.WeaponHeat, 20);
-        EXPECT_EQ(back.WeaponTonnage, 30.25);
-        EXPECT_EQ(back.OmniCurrentConfig, 0);
+        EXPECT_EQ(std::tuple(back.HeatSinks, back.HeatSinkTonnage, back.FuelTonnage, back.HasTC, back.TCLocation,
+                             back.WeaponHeat, back.OmniCurrentConfig),
+                  std::tuple(60, 70, 50, 0, 10, 20, 0));
+        EXPECT_EQ(std::pair(back.TCTonnage, back.WeaponTonnage), std::pair(1.5, 30.25));
         // The live list: "Primary" once locked, the base before.
         EXPECT_EQ(back.Weapons, locked ? f.OmniWeapons[1] : f.OmniWeapons[0]);
         // Read back and written again: the same bytes.

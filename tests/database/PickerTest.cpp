@@ -14,6 +14,14 @@
 namespace bw {
 namespace {
 
+// Shows a picker modal as the commands do; user plays the dialog.
+template <class P>
+int16_t ShowPicker(const char* caption, const char* action, std::function<void(P&)> user) {
+    test::ScopedFakeFormHost host;
+    if (user) host->onShow[P().FormName()] = [&](FormModel& f) { user(static_cast<P&>(f)); };
+    return zShowPicker<P>(caption, action);
+}
+
 class Pickers : public ::testing::Test {
 protected:
     void SetUp() override {
@@ -36,19 +44,21 @@ protected:
         v->FlankSpeed = flank;
         gVehicles.push_back(v);
     }
-    static std::vector<std::string> Row(const ListView& lv, int32_t i) {
-        const auto& r = lv.Item(i);
-        return {r.Key, r.Text, r.SubItem(1), r.SubItem(2), r.SubItem(3), r.SubItem(4)};
+    using Rows = std::vector<std::vector<std::string>>;
+    static Rows RowsOf(const ListView& lv) {
+        Rows out;
+        for (int32_t i = 0; i < lv.Count(); ++i) {
+            const auto& r = lv.Item(i);
+            out.push_back({r.Key, r.Text, r.SubItem(1), r.SubItem(2), r.SubItem(3), r.SubItem(4)});
+        }
+        return out;
+    }
+    static std::vector<std::string> Names(const ListView& lv) {
+        std::vector<std::string> out;
+        for (int32_t i = 0; i < lv.Count(); ++i) out.push_back(lv.Item(i).Text);
+        return out;
     }
 };
-
-// Shows a picker modal as the commands do; user plays the dialog.
-template <class P>
-int16_t ShowPicker(const char* caption, const char* action, std::function<void(P&)> user) {
-    test::ScopedFakeFormHost host;
-    if (user) host->onShow[P().FormName()] = [&](FormModel& f) { user(static_cast<P&>(f)); };
-    return zShowPicker<P>(caption, action);
-}
 
 TEST_F(Pickers, RowsCarryTheTableIndexInTheirKeys) {
     frmVOpen dlg;
@@ -57,10 +67,9 @@ TEST_F(Pickers, RowsCarryTheTableIndexInTheirKeys) {
     EXPECT_EQ(dlg.PButCancel.Caption(), "&Cancel");
     EXPECT_EQ(dlg.lvVHLs.ColumnHeaders, (std::vector<std::string>{"Name", "Base", "Type", "Tonnage", "Speed"}));
     dlg.Form_Activate();
-    ASSERT_EQ(dlg.lvVHLs.Count(), 3);
-    EXPECT_EQ(Row(dlg.lvVHLs, 0), (std::vector<std::string>{"v0", "Zebra", "IS", "Tracked", "100", "3/5"}));
-    EXPECT_EQ(Row(dlg.lvVHLs, 1), (std::vector<std::string>{"v2", "Alpha", "Clan", "V.T.O.L.", "20", "8/12"}));
-    EXPECT_EQ(Row(dlg.lvVHLs, 2), (std::vector<std::string>{"v3", "Mule", "IS", "Super Heavy Tank", "5", "1/2"}));
+    EXPECT_EQ(RowsOf(dlg.lvVHLs), (Rows{{"v0", "Zebra", "IS", "Tracked", "100", "3/5"},
+                                        {"v2", "Alpha", "Clan", "V.T.O.L.", "20", "8/12"},
+                                        {"v3", "Mule", "IS", "Super Heavy Tank", "5", "1/2"}}));
     EXPECT_FALSE(dlg.PButOpen.Enabled());
     EXPECT_TRUE(dlg.lvVHLs.FullRowSelect);
 
@@ -80,11 +89,9 @@ TEST_F(Pickers, ADoubleClickPicksOnlyAfterARowWasClicked) {
 
     // Sorted by tonnage as text: "100" before "20" before "5".
     dlg.lvVHLs.ColumnClick(3);
-    EXPECT_EQ(dlg.lvVHLs.Item(0).Text, "Zebra");
-    EXPECT_EQ(dlg.lvVHLs.Item(1).Text, "Alpha");
-    EXPECT_EQ(dlg.lvVHLs.Item(2).Text, "Mule");
+    EXPECT_EQ(Names(dlg.lvVHLs), (std::vector<std::string>{"Zebra", "Alpha", "Mule"}));
     dlg.lvVHLs.ColumnClick(0);
-    EXPECT_EQ(dlg.lvVHLs.Item(0).Text, "Alpha");
+    EXPECT_EQ(Names(dlg.lvVHLs), (std::vector<std::string>{"Alpha", "Mule", "Zebra"}));
 
     dlg.lvVHLs.Select(0);  // Alpha, table index 2
     EXPECT_TRUE(dlg.PButOpen.Enabled());
@@ -95,16 +102,14 @@ TEST_F(Pickers, ADoubleClickPicksOnlyAfterARowWasClicked) {
 }
 
 TEST_F(Pickers, ShownForADeleteWithItsOwnCaptions) {
-    std::string seenCaption, seenAction;
+    std::pair<std::string, std::string> seen;
     int16_t got = ShowPicker<frmVOpen>("Delete Vehicle", "&Delete", [&](frmVOpen& d) {
-        seenCaption = d.Window.Caption();
-        seenAction = d.PButOpen.Caption();
+        seen = {d.Window.Caption(), d.PButOpen.Caption()};
         d.Form_Activate();
         d.lvVHLs.Select(2);
         d.PButOpen.DoClick();
     });
-    EXPECT_EQ(seenCaption, "Delete Vehicle");
-    EXPECT_EQ(seenAction, "&Delete");
+    EXPECT_EQ(seen, (std::pair<std::string, std::string>("Delete Vehicle", "&Delete")));
     EXPECT_EQ(got, 3);
 
     got = ShowPicker<frmVOpen>("Delete Vehicle", "&Delete", [](frmVOpen& d) {
@@ -131,10 +136,9 @@ TEST_F(Pickers, TheFighterPickerIsTheTwin) {
     frmFOpen dlg;
     EXPECT_EQ(dlg.Window.Caption(), "Open Fighter");
     dlg.Form_Activate();
-    ASSERT_EQ(dlg.lvFTRs.Count(), 3);
-    EXPECT_EQ(Row(dlg.lvFTRs, 0), (std::vector<std::string>{"v0", "F0", "Clan", "Conventional Fighter", "50", "5/8"}));
-    EXPECT_EQ(dlg.lvFTRs.Item(1).SubItem(2), "Aerospace Fighter");
-    EXPECT_EQ(dlg.lvFTRs.Item(2).SubItem(2), "Omni-Fighter");
+    EXPECT_EQ(RowsOf(dlg.lvFTRs), (Rows{{"v0", "F0", "Clan", "Conventional Fighter", "50", "5/8"},
+                                        {"v1", "F1", "Clan", "Aerospace Fighter", "50", "5/8"},
+                                        {"v2", "F2", "Clan", "Omni-Fighter", "50", "5/8"}}));
     const int16_t got = ShowPicker<frmFOpen>("Delete Fighter", "&Delete", [](frmFOpen& d) {
         d.Form_Activate();
         d.lvFTRs.Select(1);
@@ -146,24 +150,21 @@ TEST_F(Pickers, TheFighterPickerIsTheTwin) {
 TEST(SearchList, TypingSelectsTheFirstMatchAndEnterPicks) {
     frmSel dlg;
     EXPECT_EQ(dlg.PButDone.Caption(), "&Done");
-    dlg.LBoxSel.AddItem("Large Laser");
-    dlg.LBoxSel.SetItemData(0, 11);
-    dlg.LBoxSel.AddItem("LRM 10");
-    dlg.LBoxSel.SetItemData(1, 22);
-    dlg.LBoxSel.AddItem("lrm 20");
-    dlg.LBoxSel.SetItemData(2, 33);
+    for (auto [text, data] : {std::pair("Large Laser", 11), {"LRM 10", 22}, {"lrm 20", 33}}) {
+        dlg.LBoxSel.AddItem(text);
+        dlg.LBoxSel.SetItemData(dlg.LBoxSel.ListCount() - 1, data);
+    }
 
     // Enter with nothing selected picks nothing.
     int16_t key = 13;
     dlg.TSearch.KeyPress(key);
     EXPECT_EQ(dlg.wCancel, -1);
 
-    dlg.TSearch.SetText("LR");
-    EXPECT_EQ(dlg.LBoxSel.ListIndex(), 1);
-    dlg.TSearch.SetText("lrm 2");
-    EXPECT_EQ(dlg.LBoxSel.ListIndex(), 2);
-    dlg.TSearch.SetText("xyz");  // no match: the selection stays
-    EXPECT_EQ(dlg.LBoxSel.ListIndex(), 2);
+    // The first match, whatever the case; no match keeps the selection.
+    for (auto [typed, index] : {std::pair("LR", 1), {"lrm 2", 2}, {"xyz", 2}}) {
+        dlg.TSearch.SetText(typed);
+        EXPECT_EQ(dlg.LBoxSel.ListIndex(), index) << typed;
+    }
 
     dlg.Window.SetVisible(true);
     key = 65;

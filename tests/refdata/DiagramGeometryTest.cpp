@@ -46,6 +46,7 @@ TEST(DiagramLayout, FillOrderByDirectionGridAndAxis) {
         ASSERT_TRUE(s.Read(text)) << s.error;
         EXPECT_EQ(Pairs(s.src.Dots(0, false)), dots) << text;
     }
+    // The places an outline offers are counted past the dots it holds.
     Source s;
     ASSERT_TRUE(s.Read(cases[0].first));
     EXPECT_EQ(s.src.regions[0].room, 12);
@@ -54,13 +55,10 @@ TEST(DiagramLayout, FillOrderByDirectionGridAndAxis) {
 TEST(DiagramLayout, MirroredLocationIsTheMirrorImage) {
     Source s;
     ASSERT_TRUE(s.Read(kHead + "armor 1 3 down rect 10,10 20,40 mirror=2\n")) << s.error;
-    auto left = s.src.Dots(1, false), right = s.src.Dots(2, false);
-    ASSERT_EQ(left.size(), 3u);
-    ASSERT_EQ(right.size(), 3u);
-    for (size_t k = 0; k < 3; ++k) {
-        EXPECT_EQ(right[k].x, 100 - left[k].x);
-        EXPECT_EQ(right[k].y, left[k].y);
-    }
+    auto mirrored = Pairs(s.src.Dots(1, false));
+    ASSERT_EQ(mirrored.size(), 3u);
+    for (auto& [x, y] : mirrored) x = 100 - x;
+    EXPECT_EQ(Pairs(s.src.Dots(2, false)), mirrored);
     EXPECT_EQ(s.src.Locations(false), (std::vector<int16_t>{1, 2}));
 }
 
@@ -156,10 +154,9 @@ TEST(DiagramBuild, RecordsAreSortedAndPicturesWritten) {
     std::string error;
     ASSERT_TRUE(BuildDiagramData(data.Path(), out.Path(), armor, internal, error)) << error;
     ASSERT_EQ(armor.size(), 4u);
-    using Key = std::pair<int16_t, int16_t>;
-    EXPECT_EQ(Key(armor[0].diagram, armor[0].location), Key(2, 0));
-    EXPECT_EQ(Key(armor[1].diagram, armor[1].location), Key(2, 1));
-    EXPECT_EQ(Key(armor[2].diagram, armor[2].location), Key(9, 0));
+    std::vector<std::pair<int16_t, int16_t>> keys;
+    for (const auto& r : armor) keys.push_back({r.diagram, r.location});
+    EXPECT_EQ(keys, (std::vector<std::pair<int16_t, int16_t>>{{2, 0}, {2, 1}, {9, 0}, {9, 1}}));
     ASSERT_EQ(internal.size(), 2u);
     EXPECT_EQ(internal[0].X, std::vector<int16_t>{50});
     const std::string pic = out.Read("bwp/pic.bwp"), ed = out.Read("bwp/editor/diag03.svg");

@@ -25,14 +25,9 @@ TEST(FighterDots, CapacitiesAndRuns) {
         EXPECT_EQ(zFighterDotCount(loc), kCapacity[loc]) << "location " << loc;
     EXPECT_EQ(zFighterDotCount(-1), 0);
     EXPECT_EQ(zFighterDotCount(6), 0);
-    EXPECT_EQ(zFighterRunLength(0, 0), 83);
-    EXPECT_EQ(zFighterRunLength(0, 1), 19);
-    EXPECT_EQ(zFighterRunLength(3, 0), 75);
-    EXPECT_EQ(zFighterRunLength(3, 1), 18);
-    EXPECT_EQ(zFighterRunLength(1, 0), 70);
-    EXPECT_EQ(zFighterRunLength(1, 1), 0);
-    EXPECT_EQ(zFighterRunLength(0, 2), 0);
-    EXPECT_EQ(zFighterRunLength(7, 0), 0);
+    // {location, run, length}
+    const int32_t runs[][3] = {{0, 0, 83}, {0, 1, 19}, {3, 0, 75}, {3, 1, 18}, {1, 0, 70}, {1, 1, 0}, {0, 2, 0}, {7, 0, 0}};
+    for (const auto& r : runs) EXPECT_EQ(zFighterRunLength(int16_t(r[0]), r[1]), r[2]) << r[0] << "/" << r[1];
 }
 
 TEST(FighterDots, TextLookupEndsWithTheList) {
@@ -41,11 +36,8 @@ TEST(FighterDots, TextLookupEndsWithTheList) {
     const FighterDot last = zFighterDot(5, 45);
     EXPECT_EQ(zFighterArmorDotText(5, 45), std::to_string(last.x) + "," + std::to_string(last.y));
     // Past the end, before the start, and outside the six locations: empty.
-    EXPECT_EQ(zFighterArmorDotText(5, 46), "");
-    EXPECT_EQ(zFighterArmorDotText(0, 102), "");
-    EXPECT_EQ(zFighterArmorDotText(0, -1), "");
-    EXPECT_EQ(zFighterArmorDotText(6, 0), "");
-    EXPECT_EQ(zFighterArmorDotText(-1, 0), "");
+    for (auto [loc, k] : {std::pair(5, 46), {0, 102}, {0, -1}, {6, 0}, {-1, 0}})
+        EXPECT_EQ(zFighterArmorDotText(int16_t(loc), k), "") << loc << "/" << k;
     EXPECT_EQ(zFighterDot(0, 102).x, 0);
 }
 
