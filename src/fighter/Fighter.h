@@ -162,7 +162,8 @@ public:
     // A wConfig names an Omni configuration 0 to 5; the forms without one
     // mean the live list or the configuration on show. A wConfig outside 0
     // to 5 matches nothing: those forms do nothing and counts give 0.
-    // -1; 0 only after a reported error.
+
+    // Always -1 (0 only after a reported error).
     int16_t AddWeapon(int16_t wIdx);
     void RemoveWeapon(int16_t wIdx, int16_t wNum);
     void ClearWeapons();

@@ -111,6 +111,7 @@ TEST_F(FeqTest, DropsTakeTheFirstFreeLineAndAmmunitionStacks) {
 
     // A drop from anywhere but the available list is ignored.
     const auto before = Lines(w.LBoxLoc(2));
+    w.LBoxAvail.SetListIndex(0);
     w.LBoxLoc_DragDrop(2, &w.LBoxLoc(0));
     w.LBoxAvail.SetListIndex(-1);
     w.LBoxLoc_DragDrop(2, &w.LBoxAvail);
