@@ -1,5 +1,6 @@
 #include "core/Vocabulary.h"
 
+#include <array>
 #include <cmath>
 
 #include "core/Errors.h"
@@ -34,6 +35,15 @@ constexpr const char* kOmniConfigs[] = {"Base", "Primary", "Alpha", "Beta", "Cha
 constexpr const char* kFighterLocations[] = {"Nose", "Left Wing", "Right Wing", "Fuselage", "Cockpit", "Engine"};
 constexpr const char* kDropshipLocations[] = {"Nose",     "Left Front", "Right Front", "Left Aft",
                                               "Right Aft", "Aft",       "Internal"};
+
+// Base engine weights for ratings 5 to 400 in steps of five.
+constexpr std::array<double, 80> kBaseEngine = {
+    0.5,  0.5,  0.5,  0.5,  0.5,  1,    1,    1,    1,    1.5,  1.5,  1.5,  2,    2,    2,    2.5,
+    2.5,  3,    3,    3,    3.5,  3.5,  4,    4,    4,    4.5,  4.5,  5,    5,    5.5,  5.5,  6,
+    6,    6,    7,    7,    7.5,  7.5,  8,    8.5,  8.5,  9,    9.5,  10,   10,   10.5, 11,   11.5,
+    12,   12.5, 13,   13.5, 14,   14.5, 15.5, 16,   16.5, 17.5, 18,   19,   19.5, 20.5, 21.5, 22.5,
+    23.5, 24.5, 25.5, 27,   28.5, 29.5, 31.5, 33,   34.5, 36.5, 38.5, 41,   43.5, 46,   49,   52.5,
+};
 
 std::string UnknownLocation(int16_t code) { return "Unknown Location (" + std::to_string(code) + ")"; }
 
@@ -94,6 +104,12 @@ double zEngineTonnageMultiply(double& tons, int16_t e) {
         default: return 0;
     }
     return zBankersRound(tons + tons / 2);
+}
+
+double zBaseEngineWeight(int16_t rating) {
+    if (rating == 0) return 0;
+    if (rating < 5 || rating > 400 || rating % 5 != 0) return 100;
+    return kBaseEngine[static_cast<size_t>(rating / 5 - 1)];
 }
 
 std::string zVehicleArmorName(int16_t a) { return Pick(kVehicleArmors, a); }

@@ -88,6 +88,9 @@ int32_t zEngineCostFactor(int16_t engineType);
 // Applies the engine type's multiplier to the base engine tonnage; XL and
 // XXL types first divide tons in place (the caller keeps the new value).
 double zEngineTonnageMultiply(double& tons, int16_t engineType);
+// Base engine weight for a rating, shared by vehicles and fighters: 0 for 0,
+// the table for multiples of five up to 400, and 100 for every other rating.
+double zBaseEngineWeight(int16_t rating);
 std::string zVehicleArmorName(int16_t armorType);
 // The item-slot test of a vehicle armor type when chosen; 0 for none.
 int16_t zVehicleArmorItemSlots(int16_t armorType);

@@ -8,6 +8,7 @@
 #include "core/Helpers.h"
 #include "core/Vocabulary.h"
 #include "refdata/Weapons.h"
+#include "fighter/Fighter.h"
 #include "vehicle/Vehicle.h"
 
 namespace bw {
@@ -75,6 +76,13 @@ void frmCost::zSetUpForVehicle() {
     lCV.SetVisible(true);
 }
 
+void frmCost::zSetUpForFighter() {
+    lblDamVhl.SetCaption("Damage per ton of fighter:");
+    lblTotalCost.SetCaption("Fighter Cost:");
+    lblCV.SetVisible(false);
+    lCV.SetVisible(false);
+}
+
 void frmCost::zClear() {
     lvParts.Clear();
     lvWeapons.Clear();
@@ -109,16 +117,15 @@ void AddBand(std::vector<int32_t>& profile, int64_t first, int64_t last, int32_t
 
 }  // namespace
 
-void zGenDamageReport(const Vehicle& vhl, frmCost& frm) {
+void zGenDamageReport(const std::vector<int16_t>& activeRows, int16_t tonnage, frmCost& frm) {
     frm.wDamage.clear();
     frm.wRuns.clear();
     frm.shpDamage.clear();
     zTrapVoid("zGenDamageReport", [&] {
         std::vector<int32_t>& profile = frm.wDamage;
         double weaponTons = 0;
-        for (const VehicleItem& it : vhl.Items) {
-            if (it.wStatus != kTrue) continue;
-            const WeaponRec& w = zWeaponRow(it.wType);
+        for (int16_t row : activeRows) {
+            const WeaponRec& w = zWeaponRow(row);
             if (w.Type != kWpnEquipment && w.Type != kWpnAmmunition) weaponTons += w.Tonnage;
             const int16_t split = w.HasDamageUnit == -1 ? w.Damage : w.HasDamageUnit;
             if (w.RangeUnit == "Map") {
@@ -157,13 +164,20 @@ void zGenDamageReport(const Vehicle& vhl, frmCost& frm) {
         if (frm.ChartChanged) frm.ChartChanged();
 
         // Floating division: 0 / 0 is an overflow, x / 0 a division by zero.
-        if (vhl.Tonnage == 0) zRaise(p0 == 0 ? kErrOverflow : kErrDivByZero);
-        frm.lDamVhl.SetCaption(Num(zRoundTenth(p0 / vhl.Tonnage)) + " points / ton");
+        if (tonnage == 0) zRaise(p0 == 0 ? kErrOverflow : kErrDivByZero);
+        frm.lDamVhl.SetCaption(Num(zRoundTenth(p0 / tonnage)) + " points / ton");
         if (weaponTons > 0)
             frm.lDamWeap.SetCaption(Num(zRoundTenth(p0 / weaponTons)) + " points / ton");
         else
             frm.lDamWeap.SetCaption("0 points / ton");
     });
+}
+
+void zGenDamageReport(const Vehicle& vhl, frmCost& frm) {
+    std::vector<int16_t> rows;
+    for (const VehicleItem& it : vhl.Items)
+        if (it.wStatus == kTrue) rows.push_back(it.wType);
+    zGenDamageReport(rows, vhl.Tonnage, frm);
 }
 
 // ---- parts cost -------------------------------------------------------------
@@ -357,6 +371,117 @@ void zFillVehicleCost(const Vehicle& vhl, frmCost& frm) {
     zGenPartsCost(vhl, frm);
     zGenWeapCost(vhl, frm);
     zGenCombatValue(vhl, frm);
+}
+
+// ---- fighters ------------------------------------------------------------------
+
+namespace {
+
+std::vector<int16_t> ActiveRows(const Fighter& ftr) {
+    std::vector<int16_t> rows;
+    for (const FighterWeapon& e : ftr.Weapons)
+        if (e.wActive == kTrue) rows.push_back(e.wIdx);
+    return rows;
+}
+
+// The parts lines of a fighter, summed as they go.
+struct FighterParts {
+    frmCost& frm;
+    int32_t P = 0;
+    void Line(const std::string& text, int32_t cost) {
+        AddLine(frm.lvParts, text, cost);
+        P = zI32(int64_t{P} + cost);
+    }
+    // Weapons and ammunition as the weapon report left them on the window.
+    int32_t WeaponsAndAmmo() const {
+        return zI32(int64_t{zCLng(LabelNumber(frm.lWeapSubtotal.Caption()))} +
+                    zCLng(LabelNumber(frm.lAmmoSubtotal.Caption())));
+    }
+    // The multiplier is not rounded, unlike a vehicle's.
+    void Finish(int16_t T) {
+        const double M = 1.0 + T / 200.0;
+        frm.lVhlMultiplier.SetCaption("x " + Num(M));
+        frm.lPartsSubtotal.SetCaption(Num(int64_t{P}));
+        frm.lTotalCost.SetCaption(Num(int64_t{Money(M * zI32(int64_t{P} + WeaponsAndAmmo()))}));
+    }
+};
+
+}  // namespace
+
+void zGenDamageReport(const Fighter& ftr, frmCost& frm) { zGenDamageReport(ActiveRows(ftr), ftr.Tonnage, frm); }
+
+void zGenWeapCost(const Fighter& ftr, frmCost& frm) { zGenWeapCost(ActiveRows(ftr), frm, false); }
+
+void zGenAeroPartsCost(const Fighter& ftr, frmCost& frm) {
+    frm.lvParts.Clear();
+    zTrapVoid("zGenAeroPartsCost", [&] {
+        const int16_t T = ftr.Tonnage;
+        FighterParts parts{frm};
+        // A 16-bit product: 100 tons at rating 400 overflow and end the report.
+        const int16_t ratingTons = zI16(int64_t{ftr.EngineRating} * T);
+        const std::string rating = Num(int64_t{ftr.EngineRating});
+        switch (ftr.EngineType) {
+            case kEngFusion:
+                parts.Line(rating + " power rated fusion power plant", Money(zI32(int64_t{ratingTons} * 5000) / 75.0));
+                break;
+            case kEngFusionXL:
+                parts.Line(rating + " power rated fusion XL power plant",
+                           Money(zI32(int64_t{ratingTons} * 20000) / 75.0));
+                break;
+            default: parts.Line(rating, 0); break;  // a fresh design's code 0 names no engine
+        }
+        parts.Line("Cockpit", 200000);
+        parts.Line("Structural Integrity", zI32(int64_t{ftr.SIRating} * 50000));
+        const std::string sinks = Num(int64_t{ftr.HeatSinks});
+        if (ftr.HeatSinkType != 0)
+            parts.Line(sinks + " double heat sinks", zI32(int64_t{ftr.HeatSinks} * 6000));
+        else
+            parts.Line(sinks + " heat sinks", zI32((int64_t{ftr.HeatSinks} - 10) * 2000));
+        // Normal armor is the dearer here, the reverse of the conventional
+        // report; the prices stand as they are.
+        if (ftr.ArmorType == kFtrArmNormal)
+            parts.Line(Num(ftr.ArmorTonnage) + " tons armor (normal)", Money(ftr.ArmorTonnage * 20000));
+        else
+            parts.Line(Num(ftr.ArmorTonnage) + " tons armor (ferro)", Money(ftr.ArmorTonnage * 10000));
+        parts.Line("Sensors", zI32(int64_t{T} * 2000));
+        parts.Line("Life Support", 50000);
+        if (ftr.FighterType == kFtrOmni)
+            parts.Line("OmniFighter Conversion", Money(zI32(int64_t{parts.P} + parts.WeaponsAndAmmo()) / 4.0));
+        parts.Finish(T);
+    });
+}
+
+void zGenConvPartsCost(const Fighter& ftr, frmCost& frm) {
+    frm.lvParts.Clear();
+    zTrapVoid("zGenConvPartsCost", [&] {
+        const int16_t T = ftr.Tonnage;
+        FighterParts parts{frm};
+        const int16_t rating = zI16(int64_t{ftr.CruiseSpeed} * T);
+        const int32_t k = zEngineCostFactor(ftr.EngineType);
+        const int32_t engineTons = zCLng(ftr.EngineTonnage);
+        parts.Line(Num(int64_t{rating}) + " power rated " + zEngineName(ftr.EngineType) + " power plant",
+                   Money(zI32(int64_t{zI32(int64_t{rating} * k)} * engineTons) / 75.0));
+        parts.Line("Avionics", zI32(int64_t{T} * 4000));
+        parts.Line("Structural Integrity", zI32(int64_t{ftr.SIRating} * 4000));
+        if (ftr.HeatSinks > 0) {
+            const int64_t paid = ftr.EngineType == kEngICE ? int64_t{ftr.HeatSinks} : int64_t{ftr.HeatSinks} - 10;
+            parts.Line(Num(int64_t{ftr.HeatSinks}) + " heat sinks", zI32(paid * 2000));
+        }
+        parts.Line(Num(ftr.ArmorTonnage) + " tons armor (" + zFighterArmorName(ftr.ArmorType) + ")",
+                   Money(ftr.ArmorTonnage * (ftr.ArmorType != kFtrArmNormal ? 20000 : 10000)));
+        parts.Finish(T);
+    });
+}
+
+void zFillFighterCost(const Fighter& ftr, frmCost& frm) {
+    frm.zClear();
+    frm.zSetUpForFighter();
+    zGenDamageReport(ftr, frm);
+    zGenWeapCost(ftr, frm);
+    if (ftr.FighterType == kFtrConventional)
+        zGenConvPartsCost(ftr, frm);
+    else
+        zGenAeroPartsCost(ftr, frm);
 }
 
 }  // namespace bw

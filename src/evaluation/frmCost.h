@@ -14,6 +14,7 @@
 
 namespace bw {
 
+class Fighter;
 class Vehicle;
 
 // Chart scale, in twips: the origin stands this far from the panel's left
@@ -86,6 +87,8 @@ public:
 
     // Captions and visible labels for a vehicle; the first step of filling.
     void zSetUpForVehicle();
+    // The same for a fighter, which has no combat value.
+    void zSetUpForFighter();
     // Empties the lists, figures and chart.
     void zClear();
 
@@ -96,8 +99,11 @@ public:
 // The reports, each trapping its own errors: on a run-time error the report
 // is made under its name and the figures written so far stay.
 
-// The chart and the two per-ton figures.
+// The chart and the two per-ton figures, from the weapon rows of the active
+// entries of a design of that tonnage.
+void zGenDamageReport(const std::vector<int16_t>& activeRows, int16_t tonnage, frmCost& frm);
 void zGenDamageReport(const Vehicle& vhl, frmCost& frm);
+void zGenDamageReport(const Fighter& ftr, frmCost& frm);
 // The parts list, its subtotal and the cost multiplier.
 void zGenPartsCost(const Vehicle& vhl, frmCost& frm);
 // The weapons and ammunition lists from the weapon rows of the active
@@ -105,12 +111,22 @@ void zGenPartsCost(const Vehicle& vhl, frmCost& frm);
 // multiplier and parts subtotal already on the window.
 void zGenWeapCost(const std::vector<int16_t>& activeRows, frmCost& frm, bool wFinishTotal);
 void zGenWeapCost(const Vehicle& vhl, frmCost& frm);
+// A fighter's weapons come first; its parts report makes the total.
+void zGenWeapCost(const Fighter& ftr, frmCost& frm);
+// The parts of an aerospace or Omni-Fighter and of a conventional fighter,
+// their subtotal, the multiplier and the total, from the weapon and
+// ammunition subtotals already on the window.
+void zGenAeroPartsCost(const Fighter& ftr, frmCost& frm);
+void zGenConvPartsCost(const Fighter& ftr, frmCost& frm);
 // The combat value.
 void zGenCombatValue(const Vehicle& vhl, frmCost& frm);
 
 // What the editor's "Cost/Stats" does for a vehicle: the captions, then the
 // four reports in their order.
 void zFillVehicleCost(const Vehicle& vhl, frmCost& frm);
+// What the fighter editor's "Cost/Stats" does: the captions, the damage
+// chart, the weapons, then the parts of its kind.
+void zFillFighterCost(const Fighter& ftr, frmCost& frm);
 
 // Figures of the reports, computed alone (each raises run-time errors).
 int32_t zVehicleCostMultiplierDivisor(int16_t vhlType);  // raises 11 for an unknown type

@@ -1,7 +1,10 @@
-// The fighter design as plain data: every field in its declared order, the
-// live weapon list and the six OmniFighter configurations. The construction
-// rules that fill these fields live with the fighter editor; the database
-// owns the file record (database/DatabaseFile.cpp).
+// The fighter design: every field in its declared order, the live weapon
+// list, the six OmniFighter configurations, and the construction rules that
+// compute the figures. The database owns the file record; loading bypasses
+// the rules, so stored figures come back as saved.
+//
+// Each operation recomputes what it names and no more: the editor calls the
+// rest, and some figures stay stale on purpose until it does.
 #pragma once
 
 #include <array>
@@ -9,9 +12,10 @@
 #include <string>
 #include <vector>
 
+#include "fighter/FighterWindow.h"
+
 namespace bw {
 
-class frmFtr;
 
 // One selected weapon or piece of equipment: six 16-bit fields, 12 bytes in
 // memory and in a file.
@@ -30,6 +34,40 @@ struct FighterWeapon {
 // "Charlie", "Delta".
 constexpr int kOmniConfigs = 6;
 
+// Fighter locations of the weapon list. Nose to Rear take slots; Internal
+// takes none.
+enum : int16_t {
+    kFtrLocUnallocated = -1,
+    kFtrLocNose = 0,
+    kFtrLocLeftWing = 1,
+    kFtrLocRightWing = 2,
+    kFtrLocRear = 3,
+    kFtrLocInternal = 6,
+};
+
+// Fighter armor types.
+enum : int16_t { kFtrArmNormal = 0, kFtrArmFerroAluminum = 1 };
+
+// Data indices of GetOmniData (0 to 6) and GetOmniData2 (7 to 10).
+enum : int16_t {
+    kOmniHasTC = 0,
+    kOmniTCLocation = 1,
+    kOmniWeaponHeat = 2,
+    kOmniConfigUsed = 3,
+    kOmniFuelTonnage = 4,
+    kOmniHeatSinks = 5,
+    kOmniHeatSinkTonnage = 6,
+    kOmniWeaponTonnage = 7,
+    kOmniTCTonnage = 8,
+    kOmniTotalTonnage = 9,
+    kOmniFreeTonnage = 10,
+};
+
+// The current entry: the hand-over place between a design's weapon list and
+// its callers, filled by the SetFighter*Global operations and written back
+// by UpdateWeapon.
+extern FighterWeapon gCurrentFighterWeapon;
+
 class Fighter {
 public:
     // Every list starts as its single empty entry; every number 0.
@@ -46,7 +84,7 @@ public:
     double FreeTonnage = 0;
     int16_t TechBase = 0;
     int16_t TechLevel = 0;
-    frmFtr* frm = nullptr;  // the editor of this design; never stored
+    FighterWindow* frm = nullptr;  // the editor of this design, if any; never stored
     int16_t CruiseSpeed = 0;
     int16_t FlankSpeed = 0;
     int16_t EngineType = 0;
@@ -94,6 +132,88 @@ public:
     std::array<double, kOmniConfigs> OmniTCTonnage{};
     std::array<double, kOmniConfigs> OmniTotalTonnage{};
     std::array<double, kOmniConfigs> OmniFreeTonnage{};
+
+    // --- Construction figures --------------------------------------------
+    void SetName(const std::string& strName);
+    void SetType(int16_t wType);
+    void SetTechBase(int16_t wBase);
+    void SetTechLevel(int16_t wLevel);
+    void SetTonnage(int16_t wTons);
+    void SetCruiseSpeed(int16_t wSpeed);
+    void SetEngineType(int16_t wType);
+    void CalcEngineRating();
+    void CalcEngineTonnage();
+    void CalcSIRating();
+    // A v of 1 turns the jets on; anything else off.
+    void SetVTOLJets(int16_t v);
+    void CalcVTOLTonnage();
+    void SetFuelTonnage(int16_t wTons);
+    void SetHeatSinks(int16_t wSinks);
+    void SetHeatSinkType(int16_t v);
+    void SetArmorTonnage(double dTons);
+    void SetArmorType(int16_t wType);
+    void SetArmorLoc(int16_t wLocIdx, int16_t wPoints);
+    void CalcTotalTonnage();
+    void CalcWeaponTonnages();
+
+    // --- The weapon list ---------------------------------------------------
+    // A wConfig names an Omni configuration 0 to 5; the forms without one
+    // mean the live list or the configuration on show. A wConfig outside 0
+    // to 5 matches nothing: those forms do nothing and counts give 0.
+
+    // Always -1 (0 only after a reported error).
+    int16_t AddWeapon(int16_t wIdx);
+    void RemoveWeapon(int16_t wIdx, int16_t wNum);
+    void ClearWeapons();
+    // -1 when the entry may go: only an entry of the base configuration
+    // may not.
+    int16_t CheckValidRemove(int16_t wIdx, int16_t wNum) const;
+    int16_t WeaponCount() const;
+    int16_t WeaponCount(int16_t wConfig) const;
+    int16_t WcUnallocatedWeapons() const;
+    // Upper bound n (-1 counts as 0); the contents are discarded.
+    void SetWeaponsArraySize(int16_t n);
+    void SetWeaponsArraySize(int16_t n, int16_t wConfig);
+    void UpdateWeapon(int16_t i);
+    void UpdateWeapon(int16_t i, int16_t wConfig);
+    void UpdateWeaponLocation(int16_t i, int16_t wLoc, int16_t wSlot);
+    // The list index of the active entry number n (from 0) now current;
+    // past the end 0, with the current entry left as it was.
+    int16_t SetFighterWeaponGlobal(int16_t n) const;
+    int16_t SetFighterWeaponGlobal(int16_t n, int16_t wConfig) const;
+    void SetFighterWeaponIdxGlobal(int16_t i) const;
+    // The list index of the active entry of that row and number, or -1.
+    int16_t SetFighterWeaponRefGlobal(int16_t wIdx, int16_t wNum) const;
+    // The n-th (from 1) active entry of row wIdx becomes current.
+    void SetFighterAmmoGlobal(int16_t n, int16_t wIdx) const;
+    int16_t GetTCStatus() const;
+    int16_t GetTCStatus(int16_t wConfig) const;
+    void SetTCStatus(int16_t v);
+    void SetTCStatus(int16_t v, int16_t wConfig);
+    void SetTCLocation(int16_t wLoc, int16_t wConfig);
+    // Refills the editor's selected-equipment tree; nothing without one.
+    void UpdateSelectedWeapons();
+
+    // --- Omni-Fighter configurations -------------------------------------
+    int16_t GetOmniData(int16_t wData, int16_t wConfig) const;
+    void SetOmniData(int16_t wData, int16_t wConfig, int16_t value);
+    double GetOmniData2(int16_t wData, int16_t wConfig) const;
+    void SetOmniData2(int16_t wData, int16_t wConfig, double dData);
+    void ChangeOmniConfig(int16_t wConfig);
+    void UpdateCurrentConfigData();
+    // 0 when a configuration that was entered is overweight.
+    int16_t OmniCheckTonnages() const;
+    // 0 when any entry of the six lists, active or not, is unallocated.
+    int16_t OmniCheckAllocatedWeapons() const;
+    void DisableOmniControls();
+
+private:
+    void CalcArmorPoints();
+    void CalcHeatSinks();
+    void CalcPowerAmpTonnage();
+    void CalcTCTonnage();
+    void CompactWeapons();
+    void zSetTCStatus(int16_t v, const int16_t* wConfig);
 };
 
 }  // namespace bw

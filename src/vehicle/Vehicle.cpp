@@ -69,15 +69,6 @@ ItemSlots CountItemSlots(const std::vector<VehicleItem>& items) {
     return out;
 }
 
-// Base engine weights for ratings 5 to 400 in steps of five.
-constexpr std::array<double, 80> kBaseEngine = {
-    0.5,  0.5,  0.5,  0.5,  0.5,  1,    1,    1,    1,    1.5,  1.5,  1.5,  2,    2,    2,    2.5,
-    2.5,  3,    3,    3,    3.5,  3.5,  4,    4,    4,    4.5,  4.5,  5,    5,    5.5,  5.5,  6,
-    6,    6,    7,    7,    7.5,  7.5,  8,    8.5,  8.5,  9,    9.5,  10,   10,   10.5, 11,   11.5,
-    12,   12.5, 13,   13.5, 14,   14.5, 15.5, 16,   16.5, 17.5, 18,   19,   19.5, 20.5, 21.5, 22.5,
-    23.5, 24.5, 25.5, 27,   28.5, 29.5, 31.5, 33,   34.5, 36.5, 38.5, 41,   43.5, 46,   49,   52.5,
-};
-
 // Large engine weights for ratings 405 to 500 in steps of five.
 constexpr std::array<double, 20> kLargeEngine = {
     56.5, 61, 66.5, 72.5, 79.5, 87.5, 97, 107.5, 119.5, 133.5,
@@ -118,12 +109,6 @@ int16_t zSuspensionFactor(int16_t vhlType, int16_t t) {
         case kVhlSubmarine: return 30;
         default: return 0;
     }
-}
-
-double zBaseEngineWeight(int16_t rating) {
-    if (rating == 0) return 0;
-    if (rating < 5 || rating > 400 || rating % 5 != 0) return 100;
-    return kBaseEngine[static_cast<size_t>(rating / 5 - 1)];
 }
 
 double zLargeEngineWeight(int16_t rating) {

@@ -213,9 +213,6 @@ private:
 
 // Suspension factor by vehicle type and tonnage; 0 where no row applies.
 int16_t zSuspensionFactor(int16_t vhlType, int16_t tonnage);
-// Base engine weight for a rating: 0 for 0, the table for multiples of five
-// up to 400, and 100 for every other rating.
-double zBaseEngineWeight(int16_t rating);
 // Base weight of a large engine above 400; 0 for a rating not in the table.
 double zLargeEngineWeight(int16_t rating);
 // Item slots that an armor type takes in the slot count (not the figure the
