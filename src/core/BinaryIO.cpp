@@ -3,10 +3,12 @@
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
+#include <filesystem>
 #include <fstream>
 #include <iterator>
 
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include "core/Errors.h"
@@ -112,37 +114,6 @@ std::string zTrim(const std::string& s) {
     return s.substr(b, e - b + 1);
 }
 
-namespace {
-
-// Writes and flushes the temporary; false when it cannot be opened, so the
-// caller may try another folder. A failed write raises 75.
-bool WriteTemp(const std::string& temp, const std::string& bytes) {
-    int fd = ::open(temp.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0644);
-    if (fd < 0) return false;
-    size_t done = 0;
-    bool good = true;
-    while (good && done < bytes.size()) {
-        const ssize_t w = ::write(fd, bytes.data() + done, bytes.size() - done);
-        if (w <= 0) good = false;
-        else done += static_cast<size_t>(w);
-    }
-    good = ::fsync(fd) == 0 && good;
-    good = ::close(fd) == 0 && good;
-    if (!good) {
-        ::unlink(temp.c_str());
-        zRaise(kErrPathFileAccess);
-    }
-    return true;
-}
-
-std::string FolderOfPath(const std::string& target) {
-    const size_t slash = target.rfind('/');
-    if (slash == std::string::npos) return ".";
-    return slash == 0 ? "/" : target.substr(0, slash);
-}
-
-}  // namespace
-
 std::string zReadWholeFile(const std::string& path) {
     std::FILE* f = std::fopen(zNormalizePath(path).c_str(), "rb");
     if (!f) zRaise(kErrFileNotFound);
@@ -165,41 +136,46 @@ std::string zReadWholeFile(const std::string& path) {
     return bytes;
 }
 
-void zWriteFileAtomic(const std::string& path, const std::string& bytes, const std::string& tempName,
-                      const std::string& tempFolder) {
-    const std::string target = zNormalizePath(path);
-    const std::string folder = FolderOfPath(target);
-    const std::string name = tempName.empty() ? zGetFileFromPath(target) + ".tmp" : tempName;
-    std::string temp;
-    // The preferred folder first; a folder that cannot take the temporary,
-    // or a rename across file systems, falls back to the target's own.
-    if (!tempFolder.empty()) {
-        temp = zJoinPath(zNormalizePath(tempFolder), name);
-        if (!WriteTemp(temp, bytes)) {
-            temp.clear();
-        } else if (std::rename(temp.c_str(), target.c_str()) != 0) {
-            const int err = errno;
-            ::unlink(temp.c_str());
-            if (err != EXDEV) zRaise(kErrPathFileAccess);
-            temp.clear();
-        } else {
-            temp = "done";
-        }
+void zWriteFileAtomic(const std::string& path, const std::string& bytes) {
+    std::string target = zNormalizePath(path);
+    // A link is kept: its target is what gets replaced.
+    std::error_code ec;
+    if (std::filesystem::is_symlink(target, ec)) {
+        const auto real = std::filesystem::weakly_canonical(target, ec);
+        if (!ec) target = real.string();
     }
-    if (temp != "done") {
-        temp = zJoinPath(folder, name);
-        if (!WriteTemp(temp, bytes)) zRaise(kErrPathFileAccess);
-        if (std::rename(temp.c_str(), target.c_str()) != 0) {
-            ::unlink(temp.c_str());
-            zRaise(kErrPathFileAccess);
-        }
+    const size_t slash = target.rfind('/');
+    const std::string folder = slash == std::string::npos ? "." : slash == 0 ? "/" : target.substr(0, slash);
+    const std::string name = slash == std::string::npos ? target : target.substr(slash + 1);
+    // A temporary of its own, created exclusively beside the file: two saves
+    // at once never share one, and the rename never crosses file systems.
+    std::string temp = zJoinPath(folder, "." + name + ".XXXXXX");
+    int fd = ::mkstemp(temp.data());
+    if (fd < 0) zRaise(kErrPathFileAccess);
+    struct stat old {};
+    const bool existed = ::stat(target.c_str(), &old) == 0;
+    // The new file keeps the old one's permissions; a new file gets the
+    // usual ones.
+    const mode_t mode = existed ? (old.st_mode & 07777) : 0644;
+    size_t done = 0;
+    bool good = ::fchmod(fd, mode) == 0;
+    while (good && done < bytes.size()) {
+        const ssize_t w = ::write(fd, bytes.data() + done, bytes.size() - done);
+        if (w <= 0) good = false;
+        else done += static_cast<size_t>(w);
     }
-    // Make the rename itself durable.
+    good = ::fsync(fd) == 0 && good;
+    good = ::close(fd) == 0 && good;
+    if (!good || std::rename(temp.c_str(), target.c_str()) != 0) {
+        ::unlink(temp.c_str());
+        zRaise(kErrPathFileAccess);
+    }
+    // Make the rename itself durable, and say so when it could not be.
     int dfd = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY);
-    if (dfd >= 0) {
-        ::fsync(dfd);
-        ::close(dfd);
-    }
+    if (dfd < 0) zRaise(kErrPathFileAccess);
+    const bool flushed = ::fsync(dfd) == 0;
+    ::close(dfd);
+    if (!flushed) zRaise(kErrPathFileAccess);
 }
 
 }  // namespace bw

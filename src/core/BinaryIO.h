@@ -70,14 +70,13 @@ private:
 // the read fails.
 std::string zReadWholeFile(const std::string& path);
 
-// Writes bytes to path atomically: a temporary (tempName, or the file's
-// name with ".tmp") is written and flushed to disk, then renamed over path,
-// so the old file is replaced in one step and never deleted first. The
-// temporary goes in tempFolder when one is given and it can take it (a
-// rename cannot cross file systems), otherwise beside path. Raises 75 on
+// Writes bytes to path atomically: a temporary with a unique name is
+// created exclusively beside the file, written and flushed to disk, given
+// the old file's permissions, then renamed over path, so the old file is
+// replaced in one step and never deleted first; the folder is flushed too.
+// A symbolic link keeps pointing at the replaced file. Raises 75 on
 // failure; the old file is untouched unless the rename succeeded.
-void zWriteFileAtomic(const std::string& path, const std::string& bytes, const std::string& tempName = {},
-                      const std::string& tempFolder = {});
+void zWriteFileAtomic(const std::string& path, const std::string& bytes);
 
 // Strip blanks at both ends.
 std::string zTrim(const std::string& s);

@@ -26,7 +26,6 @@ std::string gDatabasePath;
 
 namespace {
 
-constexpr const char* kTempName = "tempdb.bwd";
 constexpr const char* kDefaultDb = "works.bwd";
 constexpr const char* kDbFilter = "Brasswick Works Databases (*.bwd)|*.bwd";
 
@@ -135,13 +134,18 @@ void zOpenDatabase(const std::string& path) {
         }
         zPointerWait();
         waiting = true;
-        // The tables are replaced as they are read: a damaged file leaves a
-        // half-filled table while the path keeps its old value.
-        if (!zReadDesignTables(r, gVehicles, gFighters)) {
+        // Read into tables of its own: only a whole read replaces the open
+        // database, so a damaged file never leaves a half table to be saved
+        // over the database that was open.
+        std::vector<std::shared_ptr<Vehicle>> vehicles;
+        std::vector<std::shared_ptr<Fighter>> fighters;
+        if (!zReadDesignTables(r, vehicles, fighters)) {
             zPointerNormal();
             waiting = false;
             return;
         }
+        gVehicles.swap(vehicles);
+        gFighters.swap(fighters);
         gDatabasePath = found;
         zPointerNormal();
         waiting = false;
@@ -149,13 +153,13 @@ void zOpenDatabase(const std::string& path) {
     if (waiting) zPointerNormal();
 }
 
-void zSaveDatabase() {
+bool zSaveDatabase() {
     if (gDatabasePath.empty()) {
         zMsgBox("You do not have a database open. You must open a valid database before attempting to save.",
                 MsgButtons::OK, MsgIcon::Critical, "No database open");
-        return;
+        return false;
     }
-    zTrapVoid("zSaveDatabase", [&] {
+    return zTrap("zSaveDatabase", false, [&] {
         // The whole file is built in memory first, so a failing design
         // leaves the database on disk untouched.
         BinaryWriter w;
@@ -173,7 +177,7 @@ void zSaveDatabase() {
                 zMsgBox("There was an error while writing the data on the vehicle named " + v.Name +
                             ". Data was not saved.",
                         MsgButtons::OK, MsgIcon::Critical, "Error while writing");
-                return;
+                return false;
             }
         }
         zCompactFTRArray();
@@ -185,10 +189,11 @@ void zSaveDatabase() {
                 zMsgBox("There was an error while writing the data on the fighter named " + f.Name +
                             ". Data was not saved.",
                         MsgButtons::OK, MsgIcon::Critical, "Error while writing");
-                return;
+                return false;
             }
         }
-        zWriteFileAtomic(gDatabasePath, w.Data(), kTempName, gAppPath);
+        zWriteFileAtomic(gDatabasePath, w.Data());
+        return true;
     });
 }
 
@@ -204,25 +209,39 @@ int16_t FindDesign(const std::vector<std::shared_ptr<T>>& table, const T& d, Typ
     return -1;
 }
 
+// The table keeps a copy of its own: later edits the user abandons never
+// reach it. A save that fails puts the table back as it was, so nothing
+// reaches the file but through a save that worked.
 template <class T>
-void StoreDesign(std::vector<std::shared_ptr<T>>& table, const std::shared_ptr<T>& d, int16_t index) {
+bool StoreDesign(std::vector<std::shared_ptr<T>>& table, const T& d, int16_t index) {
+    auto copy = std::make_shared<T>(d);
+    copy->frm = nullptr;
+    const auto before = table;
     if (index >= 0 && static_cast<size_t>(index) < table.size()) {
-        table[static_cast<size_t>(index)] = d;
+        table[static_cast<size_t>(index)] = copy;
     } else if (IsBlank(table)) {
-        if (table.empty()) table.push_back(d);
-        else table[0] = d;
+        if (table.empty()) table.push_back(copy);
+        else table[0] = copy;
     } else {
-        table.push_back(d);
+        table.push_back(copy);
     }
-    zSaveDatabase();
+    if (zSaveDatabase()) return true;
+    table = before;
+    return false;
 }
 
 template <class T>
 bool DropDesign(std::vector<std::shared_ptr<T>>& table, int16_t index) {
     if (index < 0 || static_cast<size_t>(index) >= table.size() || !table[static_cast<size_t>(index)]) return false;
-    table[static_cast<size_t>(index)]->Name.clear();
-    zSaveDatabase();
-    return true;
+    // The entry is replaced, not changed: whoever still holds the old
+    // object keeps it whole.
+    const auto before = table;
+    auto blank = std::make_shared<T>(*table[static_cast<size_t>(index)]);
+    blank->Name.clear();
+    table[static_cast<size_t>(index)] = blank;
+    if (zSaveDatabase()) return true;
+    table = before;
+    return false;
 }
 
 }  // namespace
@@ -233,8 +252,8 @@ int16_t zFindVehicle(const Vehicle& v) {
 int16_t zFindFighter(const Fighter& f) {
     return FindDesign(gFighters, f, [](const Fighter& x) { return x.FighterType; });
 }
-void zStoreVehicle(const std::shared_ptr<Vehicle>& v, int16_t index) { StoreDesign(gVehicles, v, index); }
-void zStoreFighter(const std::shared_ptr<Fighter>& f, int16_t index) { StoreDesign(gFighters, f, index); }
+bool zStoreVehicle(const Vehicle& v, int16_t index) { return StoreDesign(gVehicles, v, index); }
+bool zStoreFighter(const Fighter& f, int16_t index) { return StoreDesign(gFighters, f, index); }
 bool zDropVehicle(int16_t index) { return DropDesign(gVehicles, index); }
 bool zDropFighter(int16_t index) { return DropDesign(gFighters, index); }
 bool zNoVehicles() { return IsBlank(gVehicles); }
@@ -242,8 +261,11 @@ bool zNoFighters() { return IsBlank(gFighters); }
 
 void zNewDB() {
     zTrapVoid("zNewDB", [&] {
-        const std::string name = zTrim(zDlgSaveFile("New Database", 0, kDbFilter));
+        std::string name = zTrim(zDlgSaveFile("New Database", 0, kDbFilter));
         if (name.empty()) return;
+        // A name typed without an extension gets the one the open dialog
+        // looks for.
+        if (zGetFileFromPath(zNormalizePath(name)).find('.') == std::string::npos) name += ".bwd";
         if (zFileExists(name)) {
             // The doubled word is the program's own.
             if (zMsgBox("This file already already exists, overwrite it?", MsgButtons::YesNo, MsgIcon::Question,

@@ -302,8 +302,7 @@ void frmMain::zSaveVehicle(const std::shared_ptr<Vehicle>& v, bool& ok) {
     zTrapVoid("zSaveVehicle", [&] {
         const int16_t match = zFindVehicle(*v);
         if (match >= 0 && !AskOverwrite(v->TechBase, VehicleTypeWord(v->VhlType), v->Name)) return;
-        zStoreVehicle(v, match);
-        ok = true;
+        ok = zStoreVehicle(*v, match);
     });
 }
 
@@ -313,8 +312,7 @@ void frmMain::zSaveFighter(const std::shared_ptr<Fighter>& f, bool& ok) {
     zTrapVoid("zSaveFighter", [&] {
         const int16_t match = zFindFighter(*f);
         if (match >= 0 && !AskOverwrite(f->TechBase, FighterTypeWord(f->FighterType), f->Name)) return;
-        zStoreFighter(f, match);
-        ok = true;
+        ok = zStoreFighter(*f, match);
     });
 }
 

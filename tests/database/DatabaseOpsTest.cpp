@@ -2,6 +2,7 @@
 // window system: exact messages, titles and icons, and the bytes on disk.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 
@@ -102,13 +103,18 @@ protected:
     static std::string OneVehicleDb(const Vehicle& v) { return Bytes().Header().I16(0).Raw(Saved(v)).I16(-1).str(); }
 };
 
-TEST_F(DatabaseOps, AnEmptyDatabaseIs36BytesWrittenOverAStrayTemporary) {
+TEST_F(DatabaseOps, AnEmptyDatabaseIs36BytesAndLeavesNoTemporary) {
     const std::string path = NewDatabase();
+    // Another save's file of that name is not this save's to use or remove.
     dir.Write("tempdb.bwd", std::string(5000, 'z'));
-    zSaveDatabase();
+    EXPECT_TRUE(zSaveDatabase());
     EXPECT_EQ(dir.Read("designs.bwd"), kEmptyDb);
     EXPECT_TRUE(fake.ui.boxes.empty());
-    EXPECT_FALSE(std::filesystem::exists(dir.File("tempdb.bwd")));
+    EXPECT_EQ(dir.Read("tempdb.bwd"), std::string(5000, 'z'));
+    std::vector<std::string> files;
+    for (const auto& e : std::filesystem::directory_iterator(dir.Path())) files.push_back(e.path().filename());
+    std::sort(files.begin(), files.end());
+    EXPECT_EQ(files, (std::vector<std::string>{"designs.bwd", "tempdb.bwd"}));
     ASSERT_FALSE(captions.empty());
     EXPECT_EQ(captions.back(), "The Brasswick Works 3.0 - " + path);
 }
@@ -118,10 +124,17 @@ TEST_F(DatabaseOps, TheFirstDesignTakesIndexZeroAndLaterOnesAppend) {
     auto a = MakeVehicle("Alpha"), b = MakeVehicle("Bravo");
     main.zSaveVehicle(a, ok);
     EXPECT_TRUE(ok);
-    EXPECT_EQ(gVehicles, (std::vector<std::shared_ptr<Vehicle>>{a}));  // the very object, not a copy
+    // A copy of its own: what the editor does next never reaches the table.
+    ASSERT_EQ(gVehicles.size(), 1u);
+    EXPECT_NE(gVehicles[0], a);
+    EXPECT_EQ(Saved(*gVehicles[0]), Saved(*a));
     EXPECT_EQ(dir.Read("designs.bwd"), OneVehicleDb(*a));
+    a->Name = "Renamed";
     main.zSaveVehicle(b, ok);
-    EXPECT_EQ(gVehicles, (std::vector<std::shared_ptr<Vehicle>>{a, b}));
+    ASSERT_EQ(gVehicles.size(), 2u);
+    a->Name = "Alpha";
+    EXPECT_EQ(gVehicles[0]->Name, "Alpha");
+    EXPECT_EQ(gVehicles[1]->Name, "Bravo");
     EXPECT_EQ(dir.Read("designs.bwd"), Bytes().Header().I16(1).Raw(Saved(*a)).Raw(Saved(*b)).I16(-1).str());
     EXPECT_TRUE(fake.ui.boxes.empty());
 
@@ -160,7 +173,8 @@ TEST_F(DatabaseOps, OverwritingAsksWithTheTypeWordAndBase) {
     fake.ui.answers = {MsgResult::Yes};
     main.zSaveVehicle(again, ok);
     EXPECT_TRUE(ok);
-    EXPECT_EQ(gVehicles, (std::vector<std::shared_ptr<Vehicle>>{again}));
+    ASSERT_EQ(gVehicles.size(), 1u);
+    EXPECT_EQ(Saved(*gVehicles[0]), Saved(*again));
     EXPECT_EQ(dir.Read("designs.bwd"), OneVehicleDb(*again));
 
     const char* const words[] = {"tracked vehicle", "wheeled vehicle", "hovercraft", "V.T.O.L.",
@@ -265,9 +279,10 @@ TEST_F(DatabaseOps, CompactionSqueezesBlanksOutInOrder) {
 
 TEST_F(DatabaseOps, SavingWithNoDatabaseRefuses) {
     main.zSaveVehicle(MakeVehicle("Orphan"), ok);
-    // The design is in the table and the save reports it was done: the
-    // caller cannot tell.
-    EXPECT_TRUE(ok);
+    // Not saved, and said so: the editor stays unsaved and the table as it was.
+    EXPECT_FALSE(ok);
+    ASSERT_EQ(gVehicles.size(), 1u);
+    EXPECT_EQ(gVehicles[0]->Name, "");
     EXPECT_EQ(Shown(), (Boxes{{"No database open",
                                "You do not have a database open. You must open a valid database before attempting "
                                "to save.",
@@ -427,10 +442,19 @@ TEST_F(DatabaseOps, ATruncatedFileIsReportedOnceAndNotOpened) {
     // the fighter count the open itself reports.
     for (auto [cut, proc] : {std::pair(34 + 100, "Vehicle.LoadData"), {34 + kVehicleFixedBytes, "zOpenDatabase"}}) {
         dir.Write("cut.bwd", bytes.substr(0, cut));
+        const auto vehicles = gVehicles;
+        const auto fighters = gFighters;
+        const std::string caption = main.Window.Caption();
         main.zOpenDatabase(dir.File("cut.bwd"));
         EXPECT_EQ(Shown(), (Boxes{test::ReportBox(proc, 62, "Input past end of file")}));
+        // The open database stays exactly as it was, and a save writes it whole.
         EXPECT_EQ(gDatabasePath, path);
+        EXPECT_EQ(gVehicles, vehicles);
+        EXPECT_EQ(gFighters, fighters);
+        EXPECT_EQ(main.Window.Caption(), caption);
         EXPECT_EQ(fake.ui.pointerWaits, fake.ui.pointerNormals);
+        EXPECT_TRUE(zSaveDatabase());
+        EXPECT_EQ(dir.Read("designs.bwd"), bytes);
     }
 }
 
@@ -447,7 +471,7 @@ TEST_F(DatabaseOps, NewDatabaseAsksForAPathAndStartsEmpty) {
     EXPECT_TRUE(gDatabasePath.empty());
 
     gVehicles[0]->Name = "Left over";
-    fake.ui.fileAnswers = {dir.File("fresh.bwd")};
+    fake.ui.fileAnswers = {dir.File("fresh")};  // typed without its extension
     main.mnuFileNew_Click();
     EXPECT_TRUE(fake.ui.boxes.empty());
     EXPECT_EQ(gDatabasePath, dir.File("fresh.bwd"));

@@ -398,7 +398,7 @@ TEST_F(VehicleCommands, OpenTrackedWithTurretArmorOptionsAndItems) {
     EXPECT_EQ(o.wSaved, kFalse);
     EXPECT_EQ(o.Window.Caption(), "Brasswick Hauler *");
     EXPECT_EQ(gVehicles[0]->CruiseSpeed, 3);
-    EXPECT_EQ(gVehicles[0].get(), e.vhl.get());
+    EXPECT_NE(gVehicles[0].get(), e.vhl.get());
 }
 
 TEST_F(VehicleCommands, OpenVTOLWithRotorArrangementAndMastMount) {

@@ -348,7 +348,9 @@ TEST_F(SaveTest, GiftRangeSavesWithItsMessageUnlessSuppressed) {
     EXPECT_EQ(win->wSaved, -1);
     EXPECT_EQ(win->Window.Caption(), "Scorpion");
     ASSERT_EQ(gVehicles.size(), 1u);
-    EXPECT_EQ(gVehicles[0].get(), win->vhl.get());
+    EXPECT_EQ(gVehicles[0]->Name, "Scorpion");
+    EXPECT_NE(gVehicles[0].get(), win->vhl.get()) << "the table keeps a copy of its own";
+    EXPECT_EQ(gVehicles[0]->frm, nullptr);
     EXPECT_TRUE(zFileExists(gDatabasePath));
     EXPECT_EQ(win->vhl->FreeTonnage, -0.5) << "saved with a negative free tonnage";
 }
@@ -389,7 +391,7 @@ TEST_F(SaveTest, CloseQuestion) {
     EXPECT_FALSE(win->Loaded);
     EXPECT_EQ(host->closed, std::vector<std::string>{"frmVhl"});
     EXPECT_TRUE(gForms().empty());
-    EXPECT_EQ(gVehicles[0].get(), win->vhl.get());
+    EXPECT_EQ(gVehicles[0]->Name, win->vhl->Name);
     EXPECT_EQ(win->vhl->frm, nullptr);
 }
 

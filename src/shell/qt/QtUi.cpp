@@ -65,7 +65,10 @@ std::string QtUi::SaveFileDialog(const FileDialogRequest& req) {
     QStringList f = QtFilters(req.filter);
     QString sel = (req.filterIndex >= 1 && req.filterIndex <= f.size()) ? f[req.filterIndex - 1] : QString();
     QString dir = QString::fromStdString(req.folder.empty() ? req.fileName : req.folder + "/" + req.fileName);
-    return QFileDialog::getSaveFileName(nullptr, QString::fromStdString(req.title), dir, f.join(";;"), &sel).toStdString();
+    // The program asks its own overwrite question; Qt's would come first.
+    return QFileDialog::getSaveFileName(nullptr, QString::fromStdString(req.title), dir, f.join(";;"), &sel,
+                                        QFileDialog::DontConfirmOverwrite)
+        .toStdString();
 }
 
 void QtUi::PointerWait() { QApplication::setOverrideCursor(Qt::WaitCursor); }
