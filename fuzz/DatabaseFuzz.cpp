@@ -10,6 +10,10 @@
 #include "core/Errors.h"
 #include "core/Globals.h"
 #include "database/DatabaseFile.h"
+#include "database/DatabaseOps.h"
+#include "core/Ui.h"
+#include "core/Helpers.h"
+#include "core/Settings.h"
 #include "refdata/DiagramTables.h"
 #include "refdata/Weapons.h"
 #include "fighter/Fighter.h"
@@ -90,6 +94,64 @@ void zFuzzReferenceInput(const uint8_t* data, size_t size, const std::string& sc
     zLoadWeapons();
     zLoadArmor();
     zLoadInternal();
+}
+
+namespace {
+
+// Every key answers with the same text: the fuzz input.
+class TextStore final : public ISettingsStore {
+public:
+    explicit TextStore(std::string text) : text_(std::move(text)) {}
+    std::string Get(const std::string&, const std::string&, const std::string&) override { return text_; }
+    void Set(const std::string&, const std::string&, const std::string&) override {}
+
+private:
+    std::string text_;
+};
+
+}  // namespace
+
+void zFuzzProgramOpenSave(const uint8_t* data, size_t size, const std::string& scratchFolder) {
+    if (gAppPath != scratchFolder) SetAppPath(scratchFolder);
+    gLogFile = "/dev/null";
+    const std::string path = zJoinPath(scratchFolder, "fuzz.bwd");
+    {
+        std::ofstream out(path, std::ios::binary | std::ios::trunc);
+        out.write(reinterpret_cast<const char*>(data), static_cast<std::streamsize>(size));
+    }
+    zResetDatabase();
+    zOpenDatabase(path);
+    // A refused or damaged file leaves the blank database, path and all.
+    if (gDatabasePath.empty()) {
+        if (gVehicles.size() != 1 || gFighters.size() != 1 || !gVehicles[0]->Name.empty()) std::abort();
+        return;
+    }
+    if (!zSaveDatabase()) return;  // a design that cannot be written is refused whole
+    const std::string first = zReadWholeFile(path);
+    if (!zCheckDatabaseBytes(first).ok) std::abort();
+    zOpenDatabase(path);
+    if (!zSaveDatabase() || zReadWholeFile(path) != first) std::abort();
+}
+
+void zFuzzParmAndSettings(const uint8_t* data, size_t size, const std::string& scratchFolder) {
+    if (gAppPath != scratchFolder) SetAppPath(scratchFolder);
+    const std::string text(reinterpret_cast<const char*>(data), size);
+    {
+        std::ofstream out(zAppFile("parm.txt"), std::ios::binary | std::ios::trunc);
+        out << text;
+    }
+    zHasParm("Special Menu");
+    zHasParm("Ignore Version");
+    TextStore store(text);
+    ISettingsStore* before = &gSettingsStore();
+    SetSettingsStore(&store);
+    try {
+        zLoadSettings();
+    } catch (const RunError&) {
+        // A value that is no number is the run-time's type mismatch, which
+        // start-up reports; anything else escaping is a fault.
+    }
+    SetSettingsStore(before);
 }
 
 }  // namespace bw

@@ -19,4 +19,13 @@ void zFuzzDatabaseInput(const uint8_t* data, size_t size);
 // reference loaders on them.
 void zFuzzReferenceInput(const uint8_t* data, size_t size, const std::string& scratchFolder);
 
+// The program's own road with the bytes as a database file in scratchFolder:
+// the open (the whole-file read into tables of its own), a save over it, and
+// a second open of what was saved, which must give the same image again.
+void zFuzzProgramOpenSave(const uint8_t* data, size_t size, const std::string& scratchFolder);
+
+// The bytes as "parm.txt" and as every value of the settings store, through
+// the program's readers of both.
+void zFuzzParmAndSettings(const uint8_t* data, size_t size, const std::string& scratchFolder);
+
 }  // namespace bw

@@ -8,6 +8,7 @@
 
 #include "core/Globals.h"
 #include "DatabaseFuzz.h"
+#include "database/DatabaseOps.h"
 #include "support/FakeUi.h"
 #include "support/TempDir.h"
 
@@ -25,10 +26,13 @@ TEST(FuzzCorpus, EveryStoredInputPasses) {
         SCOPED_TRACE(e.path().filename().string());
         const auto* data = reinterpret_cast<const uint8_t*>(bytes.data());
         zFuzzDatabaseInput(data, bytes.size());
+        zFuzzProgramOpenSave(data, bytes.size(), scratch.Path());
+        zFuzzParmAndSettings(data, bytes.size(), scratch.Path());
         zFuzzReferenceInput(data, bytes.size(), scratch.Path());
         ++files;
     }
     SetAppPath(appPath);
+    zResetDatabase();
     EXPECT_GE(files, 9);
     // The damaged inputs were reported, not passed over in silence.
     EXPECT_FALSE(fake.ui.boxes.empty());
