@@ -2,6 +2,7 @@
 
 #include <bit>
 #include <cstring>
+#include <string_view>
 
 #include "core/BinaryIO.h"
 #include "core/Errors.h"
@@ -166,6 +167,22 @@ void zReadVehicleRecord(BinaryReader& r, Vehicle& v) {
         zVisitVehicleFields(v, FieldReader{c});
     }
     // Not in the file: the computer's location comes back as 0.
+    v.TCLocation = 0;
+    ReadVehicleItems(r, v.Items);
+}
+
+void zReadVehicleRecordV1(BinaryReader& r, Vehicle& v) {
+    v.Name = zReadDesignName(r);
+    {
+        Cursor c(r);
+        FieldReader read{c};
+        // The older record has no corner armor: those four stay 0.
+        zVisitVehicleFields(v, [&](const char* name, auto& field) {
+            const std::string_view n(name);
+            if (n == "FrontLeftArmor" || n == "FrontRightArmor" || n == "RearLeftArmor" || n == "RearRightArmor") return;
+            read(name, field);
+        });
+    }
     v.TCLocation = 0;
     ReadVehicleItems(r, v.Items);
 }

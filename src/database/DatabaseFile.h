@@ -52,6 +52,9 @@ bool LoadData(Fighter& f, BinaryReader& wFile);
 // The strict record readers and writers: they raise the run-time error and
 // report nothing. SaveData and LoadData wrap them in the reporter.
 void zReadVehicleRecord(BinaryReader& r, Vehicle& v);
+// The version 1 vehicle record: the same but for the four corner armor
+// fields, which it lacks (they stay 0).
+void zReadVehicleRecordV1(BinaryReader& r, Vehicle& v);
 void zWriteVehicleRecord(BinaryWriter& w, const Vehicle& v);
 void zReadFighterRecord(BinaryReader& r, Fighter& f);
 void zWriteFighterRecord(BinaryWriter& w, const Fighter& f);

@@ -14,6 +14,7 @@ frmAbout::frmAbout() : FormModel("frmAbout") {
     LCompany.SetCaption(kCompanyName);
     LNotice.SetCaption("BattleTech is a registered Trademark of the FASA corporation");
     LMaker.SetCaption(kMakerNotice);
+    LWeb.SetCaption(kSupportWeb);
     PButOK.SetCaption("OK");
     PButOK.Default = true;
     PButOK.Cancel = true;

@@ -1,5 +1,5 @@
-// The About window: the program's name and version, its maker and the
-// trademark notice.
+// The About window: the program's name and version, its maker, the notice
+// and web address of the splash, the trademark line and the toolkit in use.
 #pragma once
 
 #include "core/Controls.h"
@@ -16,6 +16,9 @@ public:
     Label LCompany{"LCompany"};
     Label LNotice{"LNotice"};
     Label LMaker{"LMaker"};
+    Label LWeb{"LWeb"};
+    // The window system says which toolkit draws the program.
+    Label LToolkit{"LToolkit"};
     CommandButton PButOK{"PButOK"};
 };
 

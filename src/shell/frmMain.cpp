@@ -6,6 +6,7 @@
 #include "core/Settings.h"
 #include "core/Ui.h"
 #include "database/DatabaseOps.h"
+#include "database/Upgrade.h"
 #include "shell/frmFOpen.h"
 #include "shell/frmVOpen.h"
 #include "vehicle/Vehicle.h"
@@ -32,9 +33,9 @@ frmMain::frmMain() : FormModel("frmMain") {
     SetMenu(mnuFile, "&File");
     SetMenu(mnuFileNew, "&New Database");
     SetMenu(mnuFileOpne, "&Open Database");
-    // Import of version 2 databases and the upgrade arrive with later work.
+    // Import of version 2 databases is not available.
     SetMenu(mnuFileOpenV2, "&Open V2 Database", false);
-    SetMenu(mnuFileUpgDB, "&Upgrade Existing v3 Database", false);
+    SetMenu(mnuFileUpgDB, "&Upgrade Existing v3 Database");
     SetMenu(mnuFileExit, "E&xit");
     SetMenu(mnuVhl, "&Vehicle");
     SetMenu(mnuVhlNew, "&New Vehicle");
@@ -83,6 +84,7 @@ frmMain::frmMain() : FormModel("frmMain") {
 
     mnuFileNew.Click = [this] { mnuFileNew_Click(); };
     mnuFileOpne.Click = [this] { mnuFileOpne_Click(); };
+    mnuFileUpgDB.Click = [this] { mnuFileUpgDB_Click(); };
     mnuVhlNew.Click = [this] { zNewVehicle(); };
     mnuVhlOpen.Click = [this] { zOpenVehicle(); };
     mnuVHlDel.Click = [this] { zDeleteVehicle(); };
@@ -213,6 +215,14 @@ void frmMain::TBarMain_ButtonClick(const std::string& key) {
 
 void frmMain::zOpenDatabase(const std::string& path) {
     bw::zOpenDatabase(path);
+    RefreshCaption();
+}
+
+void frmMain::mnuFileUpgDB_Click() {
+    zTrapVoid("mnuFileUpgDB_Click", [&] {
+        const std::string path = zDlgOpenFile("Open Database", 0, "Brasswick Works Databases (*.bwd)|*.bwd");
+        if (!path.empty()) zCheckUpgrade(path);
+    });
     RefreshCaption();
 }
 

@@ -94,6 +94,8 @@ public:
     void zOpenDatabase(const std::string& path);
     void mnuFileOpne_Click();
     void mnuFileNew_Click();
+    // The upgrade of a version 1 database; the result is opened.
+    void mnuFileUpgDB_Click();
 
     // Vehicle commands. New: the New Vehicle dialog, then an editor on a
     // fresh design. Open: an editor on a copy of a stored design, so that an

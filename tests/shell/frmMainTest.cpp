@@ -6,6 +6,8 @@
 #include "core/Forms.h"
 #include "core/Settings.h"
 #include "database/DatabaseOps.h"
+#include "core/Config.h"
+#include "shell/frmAbout.h"
 #include "shell/frmMain.h"
 #include "support/AppFolder.h"
 #include "support/FakeFormHost.h"
@@ -181,5 +183,33 @@ TEST_F(MainFixture, NewWindowsCascadeAndRestartAtTheScreenEdge) {
     EXPECT_EQ(l3, 1000 + 360);
     EXPECT_EQ(t3, 1805);
     EXPECT_EQ(m.wStartTop, 1805);
+    EXPECT_TRUE(fake.ui.boxes.empty());
+}
+
+TEST_F(MainFixture, AboutShowsTheVersionTheMakerAndTheSplashNotice) {
+    ScopedFakeFormHost host;
+    std::vector<std::string> texts;
+    host->onShow["frmAbout"] = [&](FormModel& f) {
+        auto& a = static_cast<frmAbout&>(f);
+        for (Label* l : {&a.LTitle, &a.LVersion, &a.LCompany, &a.LNotice, &a.LMaker, &a.LWeb})
+            texts.push_back(l->Caption());
+        a.PButOK.DoClick();
+    };
+    frmMain m;
+    m.mnuAboutBW.DoClick();
+    EXPECT_EQ(texts, (std::vector<std::string>{"The Brasswick Works", "3.0.18", "Tallowmere Workshop",
+                                               "BattleTech is a registered Trademark of the FASA corporation",
+                                               kMakerNotice, kSupportWeb}));
+    EXPECT_EQ(host->closed, std::vector<std::string>{"frmAbout"});
+}
+
+TEST_F(MainFixture, UpgradeAsksForTheFileAndCancelDoesNothing) {
+    frmMain m;
+    m.Form_Load();
+    EXPECT_TRUE(m.mnuFileUpgDB.Enabled());
+    m.mnuFileUpgDB.DoClick();
+    ASSERT_EQ(fake.ui.dialogs.size(), 1u);
+    EXPECT_EQ(fake.ui.dialogs[0].title, "Open Database");
+    EXPECT_EQ(fake.ui.dialogs[0].filter, "Brasswick Works Databases (*.bwd)|*.bwd");
     EXPECT_TRUE(fake.ui.boxes.empty());
 }

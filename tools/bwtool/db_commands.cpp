@@ -13,6 +13,7 @@
 #include "database/DatabaseFile.h"
 #include "database/DatabaseOps.h"
 #include "database/RecordFields.h"
+#include "database/Upgrade.h"
 #include "fighter/Fighter.h"
 #include "vehicle/Vehicle.h"
 
@@ -207,8 +208,30 @@ int RunCopy(const std::vector<std::string>& args) {
     return rc;
 }
 
+// Runs the program's upgrade command on the file; its boxes become lines on
+// standard error.
+int RunUpgrade(const std::vector<std::string>& args) {
+    if (args.size() != 1) {
+        std::fprintf(stderr, "usage: bwtool upgrade FILE\n");
+        return 2;
+    }
+    ConsoleUi ui;
+    bw::SetUi(&ui);
+    // The program's folder is the file's, so nothing lands beside bwtool.
+    const std::string path = bw::zNormalizePath(args[0]);
+    const size_t slash = path.rfind('/');
+    bw::SetAppPath(slash == std::string::npos ? "." : slash == 0 ? "/" : path.substr(0, slash));
+    bw::gLogFile = "/dev/null";
+    bw::zResetDatabase();
+    const bool upgraded = bw::zCheckUpgrade(args[0]);
+    bw::SetUi(nullptr);
+    return upgraded ? 0 : 1;
+}
+
 bwtool::Registrar regCheck("check", "check FILE", "certify a database and parse it to its last byte", &RunCheck);
 bwtool::Registrar regDump("dump", "dump FILE", "print every design of a database as one JSON line", &RunDump);
 bwtool::Registrar regCopy("copy", "copy IN OUT", "open IN as the program does and save it as OUT", &RunCopy);
+bwtool::Registrar regUpgrade("upgrade", "upgrade FILE", "upgrade a version 1 database to version 2 in place",
+                             &RunUpgrade);
 
 }  // namespace

@@ -5,6 +5,7 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
+#include <QtGlobal>
 
 #include "core/frmSet.h"
 #include "shell/frmAbout.h"
@@ -48,6 +49,9 @@ public:
         label(model.LCompany);
         label(model.LNotice);
         label(model.LMaker);
+        label(model.LWeb);
+        model.LToolkit.SetCaption(std::string("Qt ") + qVersion());
+        label(model.LToolkit);
         auto* ok = new QPushButton(this);
         ok->setObjectName("PButOK");
         BindButton(ok, model.PButOK);
