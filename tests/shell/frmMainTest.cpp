@@ -183,6 +183,11 @@ TEST_F(MainFixture, NewWindowsCascadeAndRestartAtTheScreenEdge) {
     EXPECT_EQ(l3, 1000 + 360);
     EXPECT_EQ(t3, 1805);
     EXPECT_EQ(m.wStartTop, 1805);
+    // Across as well: a window past the right edge starts again at the left.
+    m.ScreenWidth = 1000 + 480 + 9000 - 1;
+    m.zSetStartPos(l3, t3, 9000, 6000);
+    EXPECT_EQ(l3, 1000);
+    EXPECT_EQ(m.wStartLeft, 1000);
     EXPECT_TRUE(fake.ui.boxes.empty());
 }
 
