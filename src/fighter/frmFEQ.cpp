@@ -29,8 +29,8 @@ void zSetLine(ListBox& box, int32_t i, const std::string& text) {
     if (selected) box.SetListIndex(i);
 }
 
-frmFEQ::frmFEQ() {
-    Caption.SetCaption("Equipment Allocation");
+frmFEQ::frmFEQ() : FormModel("frmFEQ") {
+    Window.SetCaption("Equipment Allocation");
     for (int16_t i = 0; i < 4; ++i) {
         wLocLists[static_cast<size_t>(i)].Name = "LBoxLoc(" + std::to_string(i) + ")";
         wLocLists[static_cast<size_t>(i)].DblClick = [this, i] { LBoxLoc_DblClick(i); };
@@ -119,11 +119,6 @@ void frmFEQ::zReloadData() {
             }
         }
     });
-}
-
-void frmFEQ::Hide() {
-    Visible = false;
-    if (Unloaded) Unloaded();
 }
 
 bool frmFEQ::LBoxAvail_MouseDown() { return LBoxAvail.ListIndex() >= 0; }

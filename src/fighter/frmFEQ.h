@@ -11,6 +11,7 @@
 #include <string>
 
 #include "core/Controls.h"
+#include "core/Forms.h"
 #include "fighter/Fighter.h"
 #include "fighter/FighterCrit.h"
 
@@ -19,7 +20,7 @@ namespace bw {
 // The text of a slot that holds nothing.
 constexpr const char* kEmptySlotText = "----------";
 
-class frmFEQ {
+class frmFEQ : public FormModel {
 public:
     frmFEQ();
     frmFEQ(const frmFEQ&) = delete;
@@ -27,7 +28,6 @@ public:
 
     std::shared_ptr<Fighter> FTR;  // the editor's own design, not a copy
 
-    Label Caption{"frmFEQ"};
     ListBox LBoxAvail{"LBoxAvail"};
     // i is 0 to 3 (Nose, Left Wing, Right Wing, Rear); any other raises 9.
     ListBox& LBoxLoc(int16_t i);
@@ -35,20 +35,15 @@ public:
     CommandButton PButDone{"PButDone"};
     CommandButton PButCancel{"PButCancel"};
 
-    // Shown while modal; hiding ends the modal loop.
-    bool Visible = false;
     // Set only when PButDone closed the window.
     bool wDone = false;
-    // The window system closes the real dialog when the model hides.
-    std::function<void()> Unloaded;
 
     // The slots of this run.
     FighterCrit wCrit;
 
     // A fresh slot model, a "----------" line per slot, the help text.
-    void Form_Load();
+    void Form_Load() override;
     void zReloadData();
-    void Hide();
 
     // A drag may start only with an entry selected.
     bool LBoxAvail_MouseDown();

@@ -7,13 +7,13 @@
 
 namespace bw {
 
-frmNFtr::frmNFtr() {
-    Caption.SetCaption("New Fighter");
+frmNFtr::frmNFtr() : FormModel("frmNFtr") {
+    Window.SetCaption("New Fighter");
     cmboBase.Click = [this] { cmboBase_Click(); };
     PButCreate.Click = [this] { PButCreate_Click(); };
     PButCancel.Click = [this] { PButCancel_Click(); };
-    PButCreate.SetCaption("Create");
-    PButCancel.SetCaption("Cancel");
+    PButCreate.SetCaption("&Create");
+    PButCancel.SetCaption("&Cancel");
     PButCreate.Default = true;
     PButCancel.Cancel = true;
 }
@@ -62,12 +62,12 @@ void frmNFtr::cmboBase_Click() {
 
 void frmNFtr::PButCreate_Click() {
     wCancel = kFalse;
-    Visible = false;
+    Hide();
 }
 
 void frmNFtr::PButCancel_Click() {
     wCancel = kTrue;
-    Visible = false;
+    Hide();
 }
 
 Fighter zCreateFighter(const frmNFtr& dlg) {

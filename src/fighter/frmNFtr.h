@@ -7,28 +7,26 @@
 #include <cstdint>
 
 #include "core/Controls.h"
+#include "core/Forms.h"
 #include "fighter/Fighter.h"
 
 namespace bw {
 
-class frmNFtr {
+class frmNFtr : public FormModel {
 public:
     frmNFtr();
 
-    Label Caption{"frmNFtr"};
     ComboBox cmboBase{"cmboBase"};
     ComboBox cmboLevel{"cmboLevel"};
     ComboBox cmboType{"cmboType"};
     CommandButton PButCreate{"PButCreate"};
     CommandButton PButCancel{"PButCancel"};
 
-    // Shown while modal; hiding it ends the modal loop.
-    bool Visible = false;
     // Yes until Create accepts the choices.
     int16_t wCancel = -1;
 
     // Fills the bases and selects the defaults of the preferences.
-    void Form_Load();
+    void Form_Load() override;
     void zLoadDefaults();
     // Refills the level and type lists for the base, first lines selected.
     void cmboBase_Click();

@@ -17,11 +17,21 @@
 #include "evaluation/frmCost.h"
 #include "evaluation/frmVStat.h"
 #include "fighter/Fighter.h"
+#include "fighter/frmFtr.h"
+#include "fighter/frmNFtr.h"
 #include "shell/frmAbout.h"
 
 namespace bw {
 
 namespace {
+// The cost window of a fighter editor's design.
+std::unique_ptr<FormModel> zFighterCostForm(frmFtr& editor) {
+    if (!editor.FTR) return nullptr;
+    auto form = std::make_unique<frmCost>();
+    zFillFighterCost(*editor.FTR, *form);
+    return form;
+}
+
 void SetMenu(MenuItem& m, const char* caption, bool enabled = true, bool visible = true) {
     m.SetCaption(caption);
     m.SetEnabled(enabled);
@@ -43,9 +53,9 @@ frmMain::frmMain() : FormModel("frmMain") {
     SetMenu(mnuVHlDel, "&Delete Vehicle");
     SetMenu(mnuVhlMultiPrint, "Multi-Print", false);
     SetMenu(mnuFighter, "&Fighter");
-    SetMenu(mnuFIghterNew, "&New Fighter", false);
-    SetMenu(mnuFighterOpen, "&Open Fighter", false);
-    SetMenu(mnuFighterDel, "&Delete Fighter", false);
+    SetMenu(mnuFIghterNew, "&New Fighter");
+    SetMenu(mnuFighterOpen, "&Open Fighter");
+    SetMenu(mnuFighterDel, "&Delete Fighter");
     SetMenu(mnuFighterMultiPrint, "Multi-Print", false);
     SetMenu(mnuFighterPrintBSpace, "Print Battlespace Sheet", false);
     SetMenu(mnuDropship, "&Dropship");
@@ -71,9 +81,9 @@ frmMain::frmMain() : FormModel("frmMain") {
         {"butVHLNew", "New Vehicle", true, "vehicle", "new"},
         {"butVHLOpen", "Open Vehicle", true, "vehicle", "open"},
         {"butVHLDel", "Delete Vehicle", true, "vehicle", "delete"},
-        {"butNewFtr", "New Fighter", false, "fighter", "new"},
-        {"butOpenFtr", "Open Fighter", false, "fighter", "open"},
-        {"butDelFtr", "Delete Fighter", false, "fighter", "delete"},
+        {"butNewFtr", "New Fighter", true, "fighter", "new"},
+        {"butOpenFtr", "Open Fighter", true, "fighter", "open"},
+        {"butDelFtr", "Delete Fighter", true, "fighter", "delete"},
         {"butNewDS", "New DropShip", true, "dropship", "new"},
         {"butOpenDS", "Open DropShip", true, "dropship", "open"},
         {"butDelDS", "Delete DropShip", true, "dropship", "delete"},
@@ -88,6 +98,9 @@ frmMain::frmMain() : FormModel("frmMain") {
     mnuVhlNew.Click = [this] { zNewVehicle(); };
     mnuVhlOpen.Click = [this] { zOpenVehicle(); };
     mnuVHlDel.Click = [this] { zDeleteVehicle(); };
+    mnuFIghterNew.Click = [this] { zNewFighter(); };
+    mnuFighterOpen.Click = [this] { zOpenFighter(); };
+    mnuFighterDel.Click = [this] { zDeleteFighter(); };
     // Exit only asks the main window to unload; the walk decides.
     mnuFileExit.Click = [this] { Unload(); };
     mnuSettings.Click = [this] {
@@ -104,6 +117,7 @@ frmMain::frmMain() : FormModel("frmMain") {
     // The editors' report windows sit above the designs; the main window
     // knows both and makes them.
     RegisterFormFactory("frmCost", [](FormModel& owner) -> std::unique_ptr<FormModel> {
+        if (auto* fighter = dynamic_cast<frmFtr*>(&owner)) return zFighterCostForm(*fighter);
         auto* editor = dynamic_cast<frmVhl*>(&owner);
         if (!editor || !editor->vhl) return nullptr;
         auto form = std::make_unique<frmCost>();
@@ -207,6 +221,9 @@ void frmMain::TBarMain_ButtonClick(const std::string& key) {
         if (key == "butVHLNew") zNewVehicle();
         else if (key == "butVHLOpen") zOpenVehicle();
         else if (key == "butVHLDel") zDeleteVehicle();
+        else if (key == "butNewFtr") zNewFighter();
+        else if (key == "butOpenFtr") zOpenFighter();
+        else if (key == "butDelFtr") zDeleteFighter();
         else if (key == "butNewDS" || key == "butOpenDS" || key == "butDelDS" || key == "butNewWar" ||
             key == "butOpenWar" || key == "butDelWar")
             Unimplemented();
@@ -329,7 +346,43 @@ void frmMain::zSaveFighter(const std::shared_ptr<Fighter>& f, bool& ok) {
 bool frmMain::zSaveDesign(FormModel& editor) {
     bool ok = false;
     if (auto* v = dynamic_cast<frmVhl*>(&editor)) zSaveVehicle(v->vhl, ok);
+    else if (auto* f = dynamic_cast<frmFtr*>(&editor)) zSaveFighter(f->FTR, ok);
     return ok;
+}
+
+// ---- Fighter commands ---------------------------------------------------------
+
+void frmMain::zNewFighter() {
+    bool waiting = false;
+    zTrapVoid("zNewFighter", [&] {
+        frmNFtr dlg;
+        zShowModal(dlg);
+        if (dlg.wCancel != 0) return;
+        zPointerWait();
+        waiting = true;
+        auto editor = frmFtr::zNewDesign(zCreateFighter(dlg));
+        zSetStartPos(editor->Left, editor->Top, editor->Width, editor->Height);
+        zShowModeless(std::move(editor), this);
+        zPointerNormal();
+        waiting = false;
+    });
+    if (waiting) zPointerNormal();
+}
+
+void frmMain::zOpenFighter() {
+    bool waiting = false;
+    zTrapVoid("zOpenFighter", [&] {
+        const int16_t sel = zPickFighterToOpen();
+        if (sel < 0 || static_cast<size_t>(sel) >= gFighters.size() || !gFighters[static_cast<size_t>(sel)]) return;
+        zPointerWait();
+        waiting = true;
+        auto editor = frmFtr::zOpenDesign(*gFighters[static_cast<size_t>(sel)]);
+        zSetStartPos(editor->Left, editor->Top, editor->Width, editor->Height);
+        zShowModeless(std::move(editor), this);
+        zPointerNormal();
+        waiting = false;
+    });
+    if (waiting) zPointerNormal();
 }
 
 void frmMain::zDeleteVehicle() {

@@ -104,6 +104,10 @@ public:
     void zNewVehicle();
     void zOpenVehicle();
     void zDeleteVehicle();
+    // Fighter commands, as the vehicle ones: New through the New Fighter
+    // dialog, Open on a copy, Delete through the picker.
+    void zNewFighter();
+    void zOpenFighter();
     void zDeleteFighter();
     // The save command of the editors: asks before overwriting a design of
     // the same name, type and base, then stores and saves; ok is false when

@@ -29,7 +29,6 @@ protected:
         w.FTR = ftr;
         w.Form_Load();
         w.zReloadData();
-        w.Visible = true;
     }
     // Drops the available line that reads text on location loc.
     void Drop(const std::string& text, int16_t loc) {
@@ -59,7 +58,7 @@ TEST_F(FeqTest, OpeningShowsSlotsStacksAndTheFixedPlaces) {
     ftr->TCLocation = kFtrLocRear;
     ftr->ArmorType = kFtrArmFerroAluminum;
     Open();
-    EXPECT_EQ(w.Caption.Caption(), "Equipment Allocation");
+    EXPECT_EQ(w.Window.Caption(), "Equipment Allocation");
     EXPECT_EQ(w.LHelp.Caption(),
               "To allocate an item, drag it from the available equipment list and drop it on the location. To "
               "remove an item, simply double click on it within the location. Ammunition of the same type takes up "

@@ -79,8 +79,8 @@ TEST(QtMainWindow, TitleMenusAndToolbarComeFromTheModel) {
     ASSERT_NE(newVhl, nullptr);
     EXPECT_EQ(newVhl->text(), "&New Vehicle");
     EXPECT_TRUE(newVhl->isEnabled());
-    // Fighters arrive later: their commands stay disabled, not faked.
-    EXPECT_FALSE(w.ActionFor(model.mnuFIghterNew)->isEnabled());
+    // Multi-print arrives with the record sheets: disabled, not faked.
+    EXPECT_FALSE(w.ActionFor(model.mnuFighterMultiPrint)->isEnabled());
     EXPECT_FALSE(w.ActionFor(model.mnuSpecial)->isVisible());
     // A DropShip button reaches the model's notice through the real toolbar.
     QAction* ds = w.ToolAction("butNewDS");
@@ -89,7 +89,7 @@ TEST(QtMainWindow, TitleMenusAndToolbarComeFromTheModel) {
     ASSERT_EQ(fake.ui.boxes.size(), 1u);
     EXPECT_EQ(fake.ui.LastBox().title, "Not Implemented");
     EXPECT_TRUE(w.ToolAction("butVHLOpen")->isEnabled());
-    EXPECT_FALSE(w.ToolAction("butOpenFtr")->isEnabled());
+    EXPECT_TRUE(w.ToolAction("butOpenFtr")->isEnabled());
     // The caption follows the open database.
     model.Window.SetCaption("The Brasswick Works 3.0 - /tmp/x.bwd");
     EXPECT_EQ(w.windowTitle(), "The Brasswick Works 3.0 - /tmp/x.bwd");

@@ -12,6 +12,8 @@
 #include "shell/qt/AllocationDialog.h"
 #include "shell/qt/Binders.h"
 #include "shell/qt/CostWindow.h"
+#include "shell/qt/FighterDialogs.h"
+#include "shell/qt/FighterEditor.h"
 #include "shell/qt/FormHost.h"
 #include "shell/qt/NewVehicleDialog.h"
 #include "shell/qt/PickerDialog.h"
@@ -78,6 +80,8 @@ void zInstallQtForms() {
     Add<DesignPicker, PickerDialog>("frmVOpen");
     Add<DesignPicker, PickerDialog>("frmFOpen");
     Add<frmVEQ, AllocationDialog>("frmVEQ");
+    Add<frmNFtr, NewFighterDialog>("frmNFtr");
+    Add<frmFEQ, FighterAllocationDialog>("frmFEQ");
     Add<frmCost, CostDialog>("frmCost");
     Add<frmVStat, StatsDialog>("frmVStat");
     Add<frmWData, WDataDialog>("frmWData");
@@ -88,6 +92,12 @@ void zInstallQtForms() {
     host.Register("frmVhl", [](FormModel& f, QWidget*) -> QWidget* {
         auto& m = static_cast<frmVhl&>(f);
         auto* w = new VehicleEditor(m);
+        w->move(m.Left / kTwipsPerPixel, m.Top / kTwipsPerPixel);
+        return w;
+    });
+    host.Register("frmFtr", [](FormModel& f, QWidget*) -> QWidget* {
+        auto& m = static_cast<frmFtr&>(f);
+        auto* w = new FighterEditor(m);
         w->move(m.Left / kTwipsPerPixel, m.Top / kTwipsPerPixel);
         return w;
     });
