@@ -15,6 +15,7 @@
 #include "core/EditorParts.h"
 #include "core/frmSet.h"
 #include "evaluation/frmCost.h"
+#include "sheets/frmPVhl.h"
 #include "evaluation/frmVStat.h"
 #include "fighter/Fighter.h"
 #include "fighter/frmFtr.h"
@@ -123,6 +124,12 @@ frmMain::frmMain() : FormModel("frmMain") {
         auto form = std::make_unique<frmCost>();
         zFillVehicleCost(*editor->vhl, *form);
         return form;
+    });
+    // The print command runs its own windows and jobs; nothing is left to show.
+    RegisterFormFactory("frmPVhl", [](FormModel& owner) -> std::unique_ptr<FormModel> {
+        auto* editor = dynamic_cast<frmVhl*>(&owner);
+        if (editor && editor->vhl) zCmdPrintVehicle(*editor->vhl, owner);
+        return nullptr;
     });
     RegisterFormFactory("frmVStat", [](FormModel& owner) -> std::unique_ptr<FormModel> {
         auto* editor = dynamic_cast<frmVhl*>(&owner);

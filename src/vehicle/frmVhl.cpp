@@ -84,8 +84,6 @@ frmVhl::frmVhl() : FormModel("frmVhl") {
         {&CBoxSupercharger, "Supercharger"},
     };
     for (const auto& [control, caption] : captions) control->SetCaption(caption);
-    // Printing arrives with the record sheets.
-    PButPrint.SetEnabled(false);
     LControlDesc[0].SetCaption("Control Equipment");
     LControlDesc[1].SetCaption("Power Amplifiers");
     LControlDesc[2].SetCaption("Lift Equipment");
@@ -145,6 +143,7 @@ void frmVhl::zWireControls() {
     PButAllocate.Click = [this] { PButAllocate_Click(); };
     PButCost.Click = [this] { zOpenForm("frmCost", *this); };
     PButShowStats.Click = [this] { zOpenForm("frmVStat", *this); };
+    PButPrint.Click = [this] { PButPrint_Click(); };
     tvAvailEq.DblClick = [this] { zShowWeaponData(tvAvailEq); };
     tvSelectedEq.DblClick = [this] { zShowWeaponData(tvSelectedEq); };
     PButExpandAvail.Click = [this] { zExpandAll(tvAvailEq, true); };
@@ -1236,6 +1235,23 @@ void frmVhl::PButSave_Click() {
         if (zValidateSave() == 0) return;
         if (Owner && Owner->zSaveDesign(*this)) zSetSaved(kTrue);
     });
+}
+
+void frmVhl::PButPrint_Click() {
+    if (wLoading) return;
+    if (!wSaved) {
+        zMsgBox("This vehicle is not yet saved. You must save it before printing.", MsgButtons::OK,
+                MsgIcon::Information, "Save vehicle first");
+        return;
+    }
+    if (vhl && vhl->VhlType == kVhlSuperHeavy) {
+        zMsgBox("Printing is not implemented for Super Heavy Tanks yet.", MsgButtons::OK, MsgIcon::Information,
+                "Printing not available");
+        return;
+    }
+    // The print options and the sheets sit above the designs; the main
+    // window makes them.
+    zOpenForm("frmPVhl", *this);
 }
 
 }  // namespace bw

@@ -108,8 +108,8 @@ public:
     TreeView tvAvailEq{"tvAvailEq"}, tvSelectedEq{"tvSelectedEq"};
     std::array<CheckBox, 6> CBoxShowType;
     std::array<CommandButton, 3> PButEquipment;
-    // Cost/Stats and Show Statistics open the report windows through the
-    // form factories; Print arrives with the record sheets.
+    // Cost/Stats, Show Statistics and Print open their windows through the
+    // form factories.
     CommandButton PButCost{"PButCost"}, PButShowStats{"PButShowStats"}, PButPrint{"PButPrint"};
     CommandButton PButSave{"PButSave"}, PButClose{"PButClose"}, PButAllocate{"PButAllocate"},
         PButExpandAvail{"PButExpandAvail"}, PButCollapseAvail{"PButCollapseAvail"},
@@ -133,6 +133,7 @@ public:
     void zSetSaved(int16_t wStatus);
     int16_t zValidateSave();
     void PButSave_Click();
+    void PButPrint_Click();
     // cancel is set when the window must stay.
     void Form_QueryUnload(bool& cancel) override;
     void Form_Unload() override;

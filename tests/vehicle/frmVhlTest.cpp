@@ -128,7 +128,19 @@ TEST_F(EditorTest, NewDesignIsAnUnsavedRegisteredWindowWithASensibleRating) {
     EXPECT_EQ(win->TCruise.Text(), "1");
     EXPECT_EQ(win->LFlank.Caption(), "2");
     EXPECT_EQ(win->PButSave.Caption(), "&Save");
-    EXPECT_FALSE(win->PButPrint.Enabled());
+    // An unsaved design is refused before any print window opens.
+    win->PButPrint.DoClick();
+    ASSERT_EQ(fake.ui.boxes.size(), 1u);
+    EXPECT_EQ(fake.ui.boxes[0].text, "This vehicle is not yet saved. You must save it before printing.");
+    EXPECT_EQ(fake.ui.boxes[0].title, "Save vehicle first");
+    win->wSaved = -1;
+    win->vhl->VhlType = kVhlSuperHeavy;
+    win->PButPrint.DoClick();
+    EXPECT_EQ(fake.ui.LastBox().text, "Printing is not implemented for Super Heavy Tanks yet.");
+    EXPECT_EQ(fake.ui.LastBox().title, "Printing not available");
+    win->vhl->VhlType = kVhlTracked;
+    win->wSaved = 0;
+    fake.ui.boxes.clear();
     ASSERT_EQ(gForms().size(), 1u);
     EXPECT_EQ(gForms()[0]->FormName(), "frmVhl");
 

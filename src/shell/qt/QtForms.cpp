@@ -17,6 +17,7 @@
 #include "shell/qt/FormHost.h"
 #include "shell/qt/NewVehicleDialog.h"
 #include "shell/qt/PickerDialog.h"
+#include "shell/qt/PrintDialogs.h"
 #include "shell/qt/SettingsDialog.h"
 #include "shell/qt/StatsWindow.h"
 #include "shell/qt/VehicleEditor.h"
@@ -87,6 +88,9 @@ void zInstallQtForms() {
     Add<frmWData, WDataDialog>("frmWData");
     Add<frmSet, SettingsDialog>("frmSet");
     Add<frmAbout, AboutDialog>("frmAbout");
+    Add<frmPVhl, PrintVehicleDialog>("frmPVhl");
+    Add<frmPrintSel, PrintFormatDialog>("frmPrintSel");
+    zInstallQtPrinting();
     // Editors are windows of their own, several at once, placed where the
     // main window's cascade put them.
     host.Register("frmVhl", [](FormModel& f, QWidget*) -> QWidget* {
