@@ -8,8 +8,8 @@ constexpr int kVersionMinor = 0;
 constexpr int kVersionRevision = 18;
 
 constexpr const char* kCompanyName = "Tallowmere Workshop";
-constexpr const char* kSupportMail = "support@tallowmere-workshop.example";
-constexpr const char* kSupportWeb = "https://tallowmere-workshop.example/brasswick";
+constexpr const char* kSupportMail = "help@tallowmere.example";
+constexpr const char* kSupportWeb = "https://tallowmere.example";
 // The line end of messages, reports and the log (a Linux desktop program).
 constexpr const char* kNL = "\n";
 constexpr const char* kMakerNotice = "Copyright (c) 2026 Tallowmere Workshop. All rights reserved.";

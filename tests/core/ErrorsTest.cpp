@@ -37,7 +37,7 @@ TEST(ErrorReporter, ShowsTheExactTextInACriticalBoxTitledErrorWhenAsked) {
               (std::vector<test::Box>{
                   {"Error",
                    "A problem has occurred. Your application may now be unstable. Please contact Tallowmere Workshop "
-                   "by sending email to:support@tallowmere-workshop.example Please include the following "
+                   "by sending email to:help@tallowmere.example Please include the following "
                    "information:\n\n\tFunction: zSomething\n\tError Number: 6\n\tError Description: Overflow",
                    MsgIcon::Critical}}));
 }

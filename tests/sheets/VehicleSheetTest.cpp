@@ -306,7 +306,7 @@ TEST_F(SheetTest, TooManyItemsKeepsTheSheet) {
     EXPECT_EQ(ui.boxes[0].title, "Too many items");
     EXPECT_EQ(ui.boxes[0].text,
               "Your vehicle has more items than can be printed, please contact Tallowmere Workshop at "
-              "support@tallowmere-workshop.example ");
+              "help@tallowmere.example ");
     EXPECT_TRUE(Text("   1 W26"));  // 27 rows and 3 headings fill the 30 lines
     EXPECT_FALSE(Text("   1 W27"));
     EXPECT_EQ(page.Ops().back()["op"], "EndDoc");
