@@ -3,6 +3,7 @@
 // the settings values, and as each of the three reference files.
 #include <cstddef>
 #include <cstdint>
+#include <cerrno>
 #include <cstdlib>
 #include <filesystem>
 #include <string>
@@ -15,33 +16,24 @@
 
 namespace {
 
-std::string gScratch;
-
-// The folder goes with the run.
-void RemoveScratch() {
-    std::error_code ec;
-    if (!gScratch.empty() && gScratch != ".") std::filesystem::remove_all(gScratch, ec);
-}
-
 // The readers read files: keep them in memory-backed storage when there is
-// some.
-std::string ScratchFolder() {
+// some. The folder lives only while one input runs, so a run that ends in
+// any way (done, interrupted, a finding) leaves nothing behind but what a
+// crash cut short.
+std::string MakeScratch() {
     const std::string tail = "/bwfuzz-" + std::to_string(::getpid());
     for (const char* base : {"/dev/shm", "/tmp"}) {
         const std::string d = base + tail;
-        if (::mkdir(d.c_str(), 0700) == 0) {
-            gScratch = d;
-            std::atexit(RemoveScratch);
-            return d;
-        }
+        if (::mkdir(d.c_str(), 0700) == 0 || errno == EEXIST) return d;
     }
-    return ".";
+    return {};
 }
 
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
-    static const std::string scratch = ScratchFolder();
+    const std::string scratch = MakeScratch();
+    if (scratch.empty()) return 0;
     // Reports of damaged records would otherwise fill a log file.
     bw::gLogFile = "/dev/null";
     // The readers in memory on every input; the ones that go through files
@@ -53,5 +45,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
         case 1: bw::zFuzzParmAndSettings(data, size, scratch); break;
         default: bw::zFuzzReferenceInput(data, size, scratch); break;
     }
+    std::error_code ec;
+    std::filesystem::remove_all(scratch, ec);
     return 0;
 }
