@@ -44,7 +44,8 @@ QTreeWidget* List(ListView& model, QWidget* parent) {
 
 }  // namespace
 
-DamageChart::DamageChart(frmCost& model, QWidget* parent) : QWidget(parent), model_(model) {
+DamageChart::DamageChart(frmCost& model, QWidget* parent)
+    : QWidget(parent), model_(model), alive_(model.Window.Lifetime()) {
     setObjectName("picDamage");
     setAutoFillBackground(true);
     QPalette p = palette();
@@ -58,7 +59,9 @@ DamageChart::DamageChart(frmCost& model, QWidget* parent) : QWidget(parent), mod
     setMinimumSize(sizeHint());
 }
 
-DamageChart::~DamageChart() { model_.ChartChanged = nullptr; }
+DamageChart::~DamageChart() {
+    if (!alive_.expired()) model_.ChartChanged = nullptr;
+}
 
 int DamageChart::BaseLineY() const { return kTopMargin + Px(kDamageCapHeight); }
 

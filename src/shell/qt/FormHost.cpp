@@ -6,6 +6,8 @@
 #include <QLayout>
 #include <QMetaObject>
 #include <QPushButton>
+#include <QScrollArea>
+#include <QScrollBar>
 
 #include "shell/qt/Binders.h"
 
@@ -129,6 +131,22 @@ void BoundDialog::reject() {
     if (form_.Window.Visible()) return;
     if (isVisible()) QDialog::reject();
 }
+
+namespace {
+class ScrollPage : public QScrollArea {
+public:
+    explicit ScrollPage(QWidget* page) {
+        setFrameShape(QFrame::NoFrame);
+        setWidgetResizable(true);
+        setWidget(page);
+    }
+    QSize sizeHint() const override {
+        return widget()->sizeHint() + QSize(verticalScrollBar()->sizeHint().width(), 0);
+    }
+};
+}  // namespace
+
+QWidget* ScrollingPage(QWidget* page) { return new ScrollPage(page); }
 
 void AddDoneFooter(QDialog* dlg, QLayout* outer, bw::CommandButton& done) {
     auto* b = new QPushButton(dlg);

@@ -75,6 +75,11 @@ private:
 // The footer of the report windows: the model's Done button on the right.
 void AddDoneFooter(QDialog* dlg, QLayout* outer, CommandButton& done);
 
+// A page in a scrolling area that asks for the page's whole size, so a
+// window opens as large as its contents and can still shrink to a small
+// screen.
+QWidget* ScrollingPage(QWidget* page);
+
 // Installs the host and the builders of every window of the program.
 void zInstallQtForms();
 
