@@ -1,10 +1,12 @@
 // Every window at its smallest fits a 1600x1000 screen at 200% (800x500
 // logical pixels, less a title bar and a panel), and each of its buttons
 // lies whole inside it; buttons in a scrolling area are reached by scrolling.
+// Opened, each is no larger than the screen.
 #include <gtest/gtest.h>
 
 #include <QAbstractScrollArea>
 #include <QApplication>
+#include <QScreen>
 #include <QAbstractButton>
 
 #include "core/Globals.h"
@@ -37,6 +39,10 @@ void Fits(QWidget* w, const char* name) {
     SCOPED_TRACE(name);
     ASSERT_NE(w, nullptr);
     w->show();
+    // It opens within its screen, however much it would like.
+    const QSize screen = w->screen()->availableSize();
+    EXPECT_LE(w->width(), screen.width());
+    EXPECT_LE(w->height(), screen.height());
     w->resize(1, 1);  // the layout holds it at its minimum
     QApplication::processEvents();
     EXPECT_LE(w->width(), kScreen.width());

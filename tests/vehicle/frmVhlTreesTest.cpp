@@ -288,6 +288,7 @@ TEST_F(TreesTest, EnterAddsOrRemovesDeleteRemovesAndOnAGroupEnterOpensIt) {
     EXPECT_EQ(key(e.tvSelectedEq, "w0-2", kKeyReturn), 0);
     EXPECT_EQ(e.vhl->WeaponCount(), 0);
     EXPECT_EQ(key(e.tvAvailEq, "w0", 65), 65) << "other keys pass";
+    EXPECT_TRUE(fake.ui.boxes.empty());
 }
 
 // ---- Faults ---------------------------------------------------------------------------

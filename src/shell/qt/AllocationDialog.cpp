@@ -7,7 +7,6 @@
 #include <QDropEvent>
 #include <QComboBox>
 #include <QGridLayout>
-#include <QScreen>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QMimeData>
@@ -195,8 +194,8 @@ AllocationDialog::AllocationDialog(frmVEQ& model, QWidget* parent) : BoundDialog
     outer->addWidget(ScrollingPage(lists), 1);
     outer->addWidget(hint);
     outer->addLayout(keys);
-    // As large as its lists want, within the screen.
-    resize(sizeHint().boundedTo(screen()->availableSize()));
+    // As large as its lists want; showing it keeps it within the screen.
+    resize(sizeHint());
 }
 
 AllocationList* AllocationDialog::Loc(int16_t i) const {

@@ -66,12 +66,14 @@ DamageChart::~DamageChart() {
 int DamageChart::BaseLineY() const { return kTopMargin + Px(kDamageCapHeight); }
 
 QSize DamageChart::sizeHint() const {
+    if (alive_.expired()) return {};
     int32_t right = kDamageChartLeft + kMinHexes * kDamageStepWidth;
     for (const DamageShape& s : model_.shpDamage) right = std::max(right, s.Left + s.Width);
     return {Px(right) + kRightMargin, BaseLineY() + kAxisHeight};
 }
 
 void DamageChart::paintEvent(QPaintEvent*) {
+    if (alive_.expired()) return;
     QPainter g(this);
     const int base = BaseLineY();
     const int origin = Px(kDamageChartLeft);

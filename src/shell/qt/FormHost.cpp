@@ -6,7 +6,9 @@
 #include <QLayout>
 #include <QMetaObject>
 #include <QPushButton>
+#include <QScreen>
 #include <QScrollArea>
+#include <QShowEvent>
 #include <QScrollBar>
 
 #include "shell/qt/Binders.h"
@@ -147,6 +149,16 @@ public:
 }  // namespace
 
 QWidget* ScrollingPage(QWidget* page) { return new ScrollPage(page); }
+
+void FitToScreen(QWidget* w) {
+    const QSize room = w->screen()->availableSize() - QSize(16, 48);
+    if (w->width() > room.width() || w->height() > room.height()) w->resize(w->size().boundedTo(room));
+}
+
+void BoundDialog::showEvent(QShowEvent* e) {
+    if (!e->spontaneous()) FitToScreen(this);
+    QDialog::showEvent(e);
+}
 
 void AddDoneFooter(QDialog* dlg, QLayout* outer, bw::CommandButton& done) {
     auto* b = new QPushButton(dlg);

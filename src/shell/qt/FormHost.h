@@ -66,6 +66,8 @@ protected:
     // The dialog's result once the model has gone: accepted unless the
     // model says the user cancelled.
     virtual bool Accepted() const { return true; }
+    // A dialog larger than its screen opens at the screen's size.
+    void showEvent(QShowEvent* e) override;
     FormModel& form_;
 
 private:
@@ -79,6 +81,9 @@ void AddDoneFooter(QDialog* dlg, QLayout* outer, CommandButton& done);
 // window opens as large as its contents and can still shrink to a small
 // screen.
 QWidget* ScrollingPage(QWidget* page);
+// Shrinks a window that would not fit its screen, leaving room for the
+// title bar and frame the window system adds.
+void FitToScreen(QWidget* w);
 
 // Installs the host and the builders of every window of the program.
 void zInstallQtForms();

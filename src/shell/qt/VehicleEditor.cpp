@@ -14,7 +14,6 @@
 #include <QPainter>
 #include <QPointer>
 #include <QPushButton>
-#include <QScreen>
 #include <QScrollArea>
 #include <QSpinBox>
 #include <QSvgRenderer>
@@ -226,7 +225,8 @@ VehicleEditor::VehicleEditor(frmVhl& model, QWidget* parent) : QWidget(parent, Q
     outer->addLayout(foot);
     // As large as the tabs want, within the screen; the tabs scroll when
     // the screen is smaller, and the commands stay in sight.
-    resize(sizeHint().boundedTo(screen()->availableSize()));
+    resize(sizeHint());
+    FitToScreen(this);
 }
 
 VehicleEditor::~VehicleEditor() {
