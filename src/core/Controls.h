@@ -21,6 +21,10 @@ constexpr int32_t kErrInvalidPropertyValue = 380;
 constexpr int32_t kErrKeyNotUnique = 35602;
 constexpr int32_t kErrElementNotFound = 35601;
 
+// Key codes of KeyDown.
+constexpr int16_t kKeyReturn = 13;
+constexpr int16_t kKeyDelete = 46;
+
 class Control {
 public:
     using Observer = std::function<void()>;
@@ -57,6 +61,10 @@ public:
     std::function<void()> LostFocus;
     // Key code of a typed character; a handler may set it to 0 to swallow it.
     std::function<void(int16_t& keyAscii)> KeyPress;
+    // A key going down in the control (kKeyReturn, kKeyDelete); a handler
+    // that acts on it sets it to 0, and the key goes no further (Enter then
+    // does not reach the window's default button).
+    std::function<void(int16_t& keyCode)> KeyDown;
 
 protected:
     void Notify();

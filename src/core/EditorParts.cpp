@@ -1,5 +1,8 @@
 #include "core/EditorParts.h"
 
+#include <algorithm>
+#include <map>
+
 #include <cstdlib>
 
 #include "core/Config.h"
@@ -51,6 +54,59 @@ void zExpandAll(TreeView& tv, bool open) {
         for (const std::string& k : keys)
             if (tv.Find(k)) tv.SetExpanded(k, open);
     });
+}
+
+void zWireEquipmentKeys(TreeView& avail, TreeView& mounted, std::function<void()> add,
+                        std::function<void()> remove) {
+    auto keys = [](TreeView& tv, std::function<void()> act, bool withDelete) {
+        return [&tv, act = std::move(act), withDelete](int16_t& code) {
+            if (code != kKeyReturn && !(withDelete && code == kKeyDelete)) return;
+            const TreeView::Node* n = tv.Find(tv.SelectedKey());
+            if (n && !tv.Children(n->Key).empty()) {
+                // A copy: opening a group refills the tree under the node.
+                const std::string key = n->Key;
+                if (code == kKeyReturn) tv.SetExpanded(key, !n->Expanded);
+            } else if (n) {
+                act();
+            }
+            code = 0;
+        };
+    };
+    avail.KeyDown = keys(avail, std::move(add), false);
+    mounted.KeyDown = keys(mounted, std::move(remove), true);
+}
+
+void zRebuildKeepingState(TreeView& tv, const std::function<void()>& rebuild) {
+    std::map<std::string, std::string> parentOf;
+    std::vector<std::string> open;
+    for (const TreeView::Node& n : tv.Nodes()) {
+        parentOf[n.Key] = n.ParentKey;
+        if (n.Expanded) open.push_back(n.Key);
+    }
+    const std::string selected = tv.SelectedKey();
+    const std::string selParent = parentOf.count(selected) ? parentOf[selected] : std::string();
+    size_t selAt = 0;
+    const auto before = tv.Children(selParent);
+    for (size_t i = 0; i < before.size(); ++i)
+        if (before[i]->Key == selected) selAt = i;
+
+    BatchUpdate batch(tv);
+    rebuild();
+    for (const std::string& k : open)
+        if (tv.Find(k)) tv.SetExpanded(k, true);
+    std::vector<std::string> receiving;
+    for (const TreeView::Node& n : tv.Nodes()) {
+        const auto was = parentOf.find(n.Key);
+        if (!n.ParentKey.empty() && (was == parentOf.end() || was->second != n.ParentKey))
+            receiving.push_back(n.ParentKey);
+    }
+    for (const std::string& k : receiving) tv.SetExpanded(k, true);
+    if (selected.empty()) return;
+    if (tv.Find(selected)) return tv.Select(selected);
+    if (selParent.empty() || !tv.Find(selParent)) return;
+    const auto now = tv.Children(selParent);
+    if (now.empty()) return tv.Select(selParent);
+    tv.Select(now[std::min(selAt, now.size() - 1)]->Key);
 }
 
 std::string zRowKey(int16_t row) { return "w" + std::to_string(row); }

@@ -26,6 +26,19 @@ void zWireFocusColours(const std::vector<TextBox*>& boxes);
 // under the walk.
 void zExpandAll(TreeView& tv, bool open);
 
+// The keys of the equipment trees: Enter on a group opens or closes it,
+// Enter on an item of the available tree adds it and on a mounted item
+// removes it, as does Delete. Keys the trees take go no further.
+void zWireEquipmentKeys(TreeView& avail, TreeView& mounted, std::function<void()> add,
+                        std::function<void()> remove);
+
+// Rebuilds a tree that is cleared and refilled (the mounted equipment)
+// without losing the user's place: the groups open before stay open, a
+// group that receives an item (new, or moved from another group) opens, and
+// the selection stays, or, when its node went, passes to the node that took
+// its place in its group (then the one before it, then the group).
+void zRebuildKeepingState(TreeView& tv, const std::function<void()>& rebuild);
+
 // Equipment keys: "w" and the weapon row for a row of the available tree,
 // "w", row, "-", instance number for a mounted item.
 std::string zRowKey(int16_t row);

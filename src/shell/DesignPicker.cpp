@@ -27,6 +27,7 @@ void DesignPicker::Wire(ListView& list, std::function<void()> open) {
 void DesignPicker::Activate(ListView& list) {
     PButOpen.SetEnabled(false);
     list.FullRowSelect = true;
+    list.Refresh();
 }
 
 void DesignPicker::Form_Resize() {

@@ -1,5 +1,6 @@
 #include "vehicle/frmVEQ.h"
 
+#include <algorithm>
 #include <cstdio>
 
 #include "core/Config.h"
@@ -40,7 +41,29 @@ frmVEQ::frmVEQ() : FormModel("frmVEQ") {
     wBodyDesc.SetCaption(zItemLocationName(kLocBody, 0));
     PButDone.SetCaption("&Done");
     PButDone.Click = [this] { PButDone_Click(); };
-    for (int16_t i : {0, 1, 2, 3, 4, 5, 6, 7, 99}) LBoxLoc(i).DblClick = [this, i] { LBoxLoc_DblClick(i); };
+    LMoveTo.SetCaption("&Location:");
+    PButMove.SetCaption("&Move");
+    PButMove.Default = true;  // Enter in the chooser moves
+    PButTakeBack.SetCaption("&Take Back");
+    LHint.SetCaption("Drag an item onto a location, or choose the location and press Move (Enter in the list). "
+                     "Double-click an allocated item, or press Enter or Delete on it, to take it back.");
+    PButMove.Click = [this] { PButMove_Click(); };
+    PButTakeBack.Click = [this] { PButTakeBack_Click(); };
+    // Enter in a list acts on its entry and never closes the window.
+    LBoxAvail.KeyDown = [this](int16_t& code) {
+        if (code != kKeyReturn) return;
+        code = 0;
+        PButMove_Click();
+    };
+    for (int16_t i : {0, 1, 2, 3, 4, 5, 6, 7, 99}) {
+        LBoxLoc(i).DblClick = [this, i] { LBoxLoc_DblClick(i); };
+        LBoxLoc(i).Click = [this, i] { wActiveLoc = i; };
+        LBoxLoc(i).KeyDown = [this, i](int16_t& code) {
+            if (code != kKeyReturn && code != kKeyDelete) return;
+            code = 0;
+            LBoxLoc_DblClick(i);
+        };
+    }
 }
 
 ListBox& frmVEQ::LBoxLoc(int16_t i) {
@@ -95,6 +118,17 @@ void frmVEQ::zReloadData() {
         show(kLocRightSponson, sponsons);
         LSponsonLeftTonnage.SetVisible(sponsons);
         LSponsonRightTonnage.SetVisible(sponsons);
+
+        // The chooser offers the locations shown, keeping the choice made.
+        const int32_t chosen = cmboMoveTo.ListIndex() >= 0 ? cmboMoveTo.ItemData(cmboMoveTo.ListIndex()) : kLocFront;
+        cmboMoveTo.Clear();
+        for (int16_t i : {0, 1, 2, 3, 4, 5, 6, 7, 99}) {
+            if (!LBoxLoc(i).Visible()) continue;
+            cmboMoveTo.AddItem(LLocDesc(i).Caption());
+            cmboMoveTo.SetItemData(cmboMoveTo.ListCount() - 1, i);
+            if (i == chosen) cmboMoveTo.SetListIndex(cmboMoveTo.ListCount() - 1);
+        }
+        wActiveLoc = -1;
 
         const int16_t count = v.WeaponCount();
         for (int16_t n = 0; n < count; ++n) {
@@ -159,6 +193,8 @@ void frmVEQ::zMoveSelected(ListBox& from, ListBox& to) {
     from.RemoveItem(sel);
     to.AddItem(text);
     to.SetItemData(to.ListCount() - 1, data);
+    // The entry that took its place is next, so the keyboard moves on.
+    if (from.ListCount() > 0) from.SetListIndex(std::min(sel, from.ListCount() - 1));
 }
 
 void frmVEQ::LBoxLoc_DragDrop(int16_t i, const Control* source) {
@@ -203,6 +239,18 @@ void frmVEQ::LBoxLoc_DblClick(int16_t i) {
         zMoveSelected(box, LBoxAvail);
         zCheckSponsonTonnage();
     });
+}
+
+void frmVEQ::PButMove_Click() {
+    zTrapVoid("PButMove_Click", [&] {
+        if (cmboMoveTo.ListIndex() < 0) return;
+        LBoxLoc_DragDrop(static_cast<int16_t>(cmboMoveTo.ItemData(cmboMoveTo.ListIndex())), &LBoxAvail);
+    });
+}
+
+void frmVEQ::PButTakeBack_Click() {
+    if (wActiveLoc == -1) return;
+    LBoxLoc_DblClick(wActiveLoc);
 }
 
 void frmVEQ::PButDone_Click() {

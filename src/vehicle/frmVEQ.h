@@ -31,6 +31,14 @@ public:
     Label& LLocDesc(int16_t i);
     Label LSponsonLeftTonnage{"LSponsonLeftTonnage"}, LSponsonRightTonnage{"LSponsonRightTonnage"};
     CommandButton PButDone{"PButDone"};
+    // The keyboard's way to do what the drag and the double click do: the
+    // location chooser and Move put the selected unallocated entry there,
+    // under the drop's rules; Take Back returns the selected entry of the
+    // location list last chosen. Enter in a list does the same.
+    Label LMoveTo{"LMoveTo"}, LHint{"LHint"};
+    ComboBox cmboMoveTo{"cmboMoveTo"};
+    CommandButton PButMove{"PButMove"}, PButTakeBack{"PButTakeBack"};
+    int16_t wActiveLoc = -1;
 
     // Set only when PButDone closed the window: the editor then refreshes.
     bool wDone = false;
@@ -51,6 +59,8 @@ public:
     // Moves the selected entry of a location back to LBoxAvail.
     void LBoxLoc_DblClick(int16_t i);
     void PButDone_Click();
+    void PButMove_Click();
+    void PButTakeBack_Click();
 
 private:
     std::array<ListBox, 8> wLocLists;

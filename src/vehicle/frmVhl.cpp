@@ -49,7 +49,7 @@ frmVhl::frmVhl() : FormModel("frmVhl") {
         CBoxShowType[i].Name = "CBoxShowType(" + std::to_string(i) + ")";
         CBoxShowType[i].SetValue(1);  // every class shown until the user hides one
     }
-    const char* eq[3] = {"Add >>", "&Remove", "Cl&ear"};
+    const char* eq[3] = {"A&dd >>", "&Remove", "Cl&ear"};
     for (int16_t i = 0; i < 3; ++i) {
         PButEquipment[i].Name = "PButEquipment(" + std::to_string(i) + ")";
         PButEquipment[i].SetCaption(eq[i]);
@@ -57,16 +57,16 @@ frmVhl::frmVhl() : FormModel("frmVhl") {
     const char* shows[6] = {"Energy", "Ballistic", "Missile", "Equipment", "Ammunition", "Artillery"};
     for (int16_t i = 0; i < 6; ++i) CBoxShowType[i].SetCaption(shows[i]);
     const std::pair<Control*, const char*> captions[] = {
-        {&PButCost, "Cost/Stats"},
-        {&PButShowStats, "Show Statistics"},
+        {&PButCost, "Cos&t/Stats"},
+        {&PButShowStats, "Show Stat&istics"},
         {&PButPrint, "&Print"},
         {&PButSave, "&Save"},
         {&PButClose, "&Close"},
         {&PButAllocate, "&Allocate..."},
-        {&PButExpandAvail, "Expand All"},
-        {&PButExpandSel, "Expand All"},
-        {&PButCollapseAvail, "Collapse All"},
-        {&PButCollapseSel, "Collapse All"},
+        {&PButExpandAvail, "E&xpand All"},
+        {&PButExpandSel, "Expa&nd All"},
+        {&PButCollapseAvail, "C&ollapse All"},
+        {&PButCollapseSel, "Co&llapse All"},
         {&CBoxHasSecondTurret, "Secondary Turret"},
         {&CBoxHasSponsonTurret, "Sponson Turrets"},
         {&CBoxMastMount, "Mast Mount"},
@@ -113,6 +113,7 @@ void frmVhl::zWireControls() {
     cmboEngType.Click = [this] { cmboEngType_Click(); };
     cmboArmorType.Click = [this] { cmboArmorType_Click(); };
     scrlArmorTonnage.Change = [this] { scrlArmorTonnage_Change(); };
+    TArmorTonnage.LostFocus = [this] { TArmorTonnage_LostFocus(); };
     for (int16_t i = 0; i < 12; ++i) {
         scrlArmorLoc[i].Change = [this, i] { scrlArmorLoc_Change(i); };
         TArmorLoc[i].LostFocus = [this, i] { TArmorLoc_LostFocus(i); };
@@ -146,6 +147,7 @@ void frmVhl::zWireControls() {
     PButPrint.Click = [this] { PButPrint_Click(); };
     tvAvailEq.DblClick = [this] { zShowWeaponData(tvAvailEq); };
     tvSelectedEq.DblClick = [this] { zShowWeaponData(tvSelectedEq); };
+    zWireEquipmentKeys(tvAvailEq, tvSelectedEq, [this] { zAddWeapon(); }, [this] { zRemoveWeapon(); });
     PButExpandAvail.Click = [this] { zExpandAll(tvAvailEq, true); };
     PButCollapseAvail.Click = [this] { zExpandAll(tvAvailEq, false); };
     PButExpandSel.Click = [this] { zExpandAll(tvSelectedEq, true); };
@@ -296,7 +298,7 @@ std::unique_ptr<frmVhl> frmVhl::zOpenDesign(const Vehicle& stored) {
 }
 
 void frmVhl::Form_Load() {
-    std::vector<TextBox*> boxes{&TName, &TTonnage, &TCruise, &TAdditionalCrew};
+    std::vector<TextBox*> boxes{&TName, &TTonnage, &TCruise, &TAdditionalCrew, &TArmorTonnage};
     for (TextBox& t : TArmorLoc) boxes.push_back(&t);
     zWireFocusColours(boxes);
 }
@@ -749,9 +751,27 @@ void frmVhl::scrlArmorTonnage_Change() {
     zTrapVoid("scrlArmorTonnage_Change", [&] {
         const double tons = scrlArmorTonnage.Value() / 2.0;
         LArmorTonnage.SetCaption(Num(tons));
+        TArmorTonnage.SetText(Num(tons));
         vhl->SetArmorTonnage(tons);
         zUpdateArmor();
         zUpdateTonnageLists();
+    });
+}
+
+void frmVhl::TArmorTonnage_LostFocus() {
+    if (wLoading != 0) return;
+    zTrapVoid("TArmorTonnage_LostFocus", [&] {
+        // Typed tons go to the nearest half ton within the up-down's limits;
+        // anything else puts the figure back.
+        const std::string t = TArmorTonnage.Text();
+        int16_t halves = scrlArmorTonnage.Value();
+        if (zIsNumeric(t)) {
+            const double v = std::clamp(std::strtod(t.c_str(), nullptr) * 2, static_cast<double>(scrlArmorTonnage.Min()),
+                                        static_cast<double>(scrlArmorTonnage.Max()));
+            halves = zCInt(v);
+        }
+        scrlArmorTonnage.SetValue(halves);
+        TArmorTonnage.SetText(Num(halves / 2.0));
     });
 }
 
@@ -774,6 +794,7 @@ void frmVhl::zUpdateArmor() {
     zTrapVoid("zUpdateArmor", [&] {
         Vehicle& v = *vhl;
         LArmorTonnage.SetCaption(Num(v.ArmorTonnage));
+        TArmorTonnage.SetText(Num(v.ArmorTonnage));
         LTotalPoints.SetCaption(std::to_string(v.ArmorPoints));
         LAllocatedPoints.SetCaption(std::to_string(v.ArmorAllocated));
         LRemainingPoints.SetCaption(std::to_string(int32_t{v.ArmorPoints} - v.ArmorAllocated));
@@ -1160,7 +1181,7 @@ void frmVhl::zClearWeapons() {
 
 void frmVhl::zUpdateWeapons() {
     zTrapVoid("zUpdateWeapons", [&] {
-        vhl->UpdateSelectedWeapons(tvSelectedEq);
+        zRebuildKeepingState(tvSelectedEq, [&] { vhl->UpdateSelectedWeapons(tvSelectedEq); });
         zUpdateTonnageLists();
         if (gExpandSel == 1) zExpandSelected();
     });

@@ -98,6 +98,8 @@ public:
     // Armor.
     ComboBox cmboArmorType{"cmboArmorType"};
     ScrollBar scrlArmorTonnage{"scrlArmorTonnage"};
+    // The armor tonnage as typed; the up-down steps it by half tons.
+    TextBox TArmorTonnage{"TArmorTonnage"};
     Label LArmorTonnage{"LArmorTonnage"}, LTotalPoints{"LTotalPoints"}, LAllocatedPoints{"LAllocatedPoints"},
         LRemainingPoints{"LRemainingPoints"}, LActiveArmorLoc{"LActiveArmorLoc"};
     // By location number 0 to 11; 6 and 7 (sponsons) take no armor.
@@ -170,6 +172,7 @@ public:
     void cmboEngType_Click();
     void cmboArmorType_Click();
     void scrlArmorTonnage_Change();
+    void TArmorTonnage_LostFocus();
     void scrlArmorLoc_Change(int16_t index);
     void TArmorLoc_LostFocus(int16_t index);
     void scrlJJs_Change();

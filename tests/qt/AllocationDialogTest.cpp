@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QComboBox>
 #include <QDragEnterEvent>
 #include <QDragLeaveEvent>
 #include <QDragMoveEvent>
@@ -244,5 +245,40 @@ TEST_F(QtAllocation, PressAndMoveStartsADragWithThePayloadTheListsTake) {
     EXPECT_FALSE(carried.isEmpty());
     // A cancelled drag moves nothing.
     EXPECT_EQ(avail->count(), 2);
+    EXPECT_TRUE(fake.ui.boxes.empty());
+}
+
+TEST_F(QtAllocation, KeyboardMovesToTheChosenPlaceTakesBackAndEnterNeverCloses) {
+    Open({Used(kMedLaser, 1, -1), Used(kAC5, 1, -1)});
+    QApplication::setActiveWindow(dlg.get());
+    QListWidget* avail = dlg->Avail();
+    avail->setFocus();
+    QTest::keyClick(avail, Qt::Key_End);
+    QTest::keyClick(avail, Qt::Key_Home);  // the keyboard's row is the selection
+    EXPECT_EQ(model.LBoxAvail.ListIndex(), 0);
+    auto* chooser = dlg->findChild<QComboBox*>("cmboMoveTo");
+    ASSERT_NE(chooser, nullptr);
+    chooser->setFocus();
+    QTest::keyClick(chooser, Qt::Key_Down);  // Front to Left
+    EXPECT_EQ(model.cmboMoveTo.Text(), "Left");
+    QTest::keyClick(avail, Qt::Key_Return);
+    EXPECT_EQ(Rows(dlg->Loc(1)), QStringList{"Medium Laser (#1)"});
+    EXPECT_EQ(Rows(avail), QStringList{"AC/5 (#1)"});
+    // Enter in the chooser moves too: Move is the window's default.
+    QTest::keyClick(chooser, Qt::Key_Return);
+    EXPECT_EQ(Rows(dlg->Loc(1)), (QStringList{"Medium Laser (#1)", "AC/5 (#1)"}));
+    QTest::keyClick(avail, Qt::Key_Return);  // empty: nothing, and the window stays
+    EXPECT_TRUE(dlg->isVisible());
+
+    QListWidget* left = dlg->Loc(1);
+    left->setFocus();
+    QTest::keyClick(left, Qt::Key_End);
+    QTest::keyClick(left, Qt::Key_Home);
+    QTest::keyClick(left, Qt::Key_Delete);
+    EXPECT_EQ(Rows(avail), QStringList{"Medium Laser (#1)"});
+    QTest::keyClick(left, Qt::Key_Return);
+    EXPECT_EQ(Rows(avail), (QStringList{"Medium Laser (#1)", "AC/5 (#1)"}));
+    EXPECT_TRUE(dlg->isVisible());
+    EXPECT_FALSE(model.wDone);
     EXPECT_TRUE(fake.ui.boxes.empty());
 }

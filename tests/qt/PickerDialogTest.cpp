@@ -188,3 +188,23 @@ TEST_F(QtPicker, ModalShowsForTheCommands) {
     EXPECT_EQ(type, "Aerospace Fighter");
     EXPECT_EQ(fm.wCancel, -1);
 }
+
+TEST_F(QtPicker, KeyboardChoosesWholeRowsAndEnterOpensOnceChosen) {
+    frmVOpen model;
+    model.Window.SetVisible(true);
+    model.Form_Activate();
+    qt::PickerDialog dlg(model);
+    dlg.show();
+    QTreeWidget* list = dlg.List();
+    EXPECT_EQ(list->selectionBehavior(), QAbstractItemView::SelectRows);
+    QTest::keyClick(list, Qt::Key_Return);  // nothing chosen yet
+    EXPECT_TRUE(dlg.isVisible());
+    QTest::keyClick(list, Qt::Key_Home);
+    QTest::keyClick(list, Qt::Key_Down);  // Alpha, table index 2
+    EXPECT_TRUE(Button(&dlg, "PButOpen")->isEnabled());
+    EXPECT_EQ(model.lvVHLs.SelectedIndex(), 1);
+    QTest::keyClick(list, Qt::Key_Return);
+    EXPECT_FALSE(dlg.isVisible());
+    EXPECT_EQ(model.wCancel, 0);
+    EXPECT_EQ(model.wSel, 2);
+}

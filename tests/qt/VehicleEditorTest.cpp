@@ -7,6 +7,7 @@
 #include <QCheckBox>
 #include <QLabel>
 #include <QPointer>
+#include <QSet>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTabWidget>
@@ -161,4 +162,45 @@ TEST_F(QtVehicleEditor, FreeTonnageFlashesWhenMoreThanATonOver) {
     EXPECT_EQ(free->palette().color(QPalette::WindowText), QColor(0, 0, 0));
     QTest::qWait(600);
     EXPECT_EQ(free->palette().color(QPalette::WindowText), QColor(0, 0, 0));
+}
+
+TEST_F(QtVehicleEditor, KeyboardAddsAndRemovesWithTheGroupsKeptOpen) {
+    auto& ed = Open(kVhlTracked);
+    frmVhl& m = ed.Model();
+    m.scrlTonnage.SetValue(40);
+    // Every button has its own accelerator.
+    QSet<QChar> keys;
+    for (QPushButton* b : ed.findChildren<QPushButton*>()) {
+        const int at = b->text().indexOf('&');
+        ASSERT_GE(at, 0) << b->text().toStdString();
+        EXPECT_FALSE(keys.contains(b->text()[at + 1].toLower())) << b->text().toStdString();
+        keys.insert(b->text()[at + 1].toLower());
+    }
+    EXPECT_EQ(Find<QPushButton>("PButEquipment(0)")->text(), "A&dd >>");
+    EXPECT_EQ(Find<QPushButton>("PButCost")->text(), "Cos&t/Stats");
+    EXPECT_EQ(Find<QPushButton>("PButShowStats")->text(), "Show Stat&istics");
+    EXPECT_NE(Find<QLineEdit>("TArmorTonnage"), nullptr);
+
+    auto* avail = Find<QTreeWidget>("tvAvailEq");
+    QTest::keyClick(avail, Qt::Key_Home);
+    QTest::keyClick(avail, Qt::Key_Return);  // opens Energy Weapons
+    QTest::keyClick(avail, Qt::Key_Down);
+    QTest::keyClick(avail, Qt::Key_Return);  // adds its first row
+    QTest::keyClick(avail, Qt::Key_Down);
+    QTest::keyClick(avail, Qt::Key_Return);  // and the second, where the keyboard went
+    ASSERT_EQ(m.vhl->WeaponCount(), 2);
+    EXPECT_NE(m.vhl->Items[0].wType, m.vhl->Items[1].wType);
+
+    auto* sel = Find<QTreeWidget>("tvSelectedEq");
+    ASSERT_EQ(sel->topLevelItemCount(), 1);
+    EXPECT_TRUE(sel->topLevelItem(0)->isExpanded());
+    QTest::keyClick(sel, Qt::Key_Home);
+    QTest::keyClick(sel, Qt::Key_Down);
+    QTest::keyClick(sel, Qt::Key_Delete);
+    EXPECT_EQ(m.vhl->WeaponCount(), 1);
+    ASSERT_EQ(sel->topLevelItemCount(), 1);
+    EXPECT_TRUE(sel->topLevelItem(0)->isExpanded());
+    QTest::keyClick(sel, Qt::Key_Return);  // the one left took the selection
+    EXPECT_EQ(m.vhl->WeaponCount(), 0);
+    for (const auto& b : fake.ui.boxes) ADD_FAILURE() << b.title << ": " << b.text;
 }

@@ -208,7 +208,7 @@ TEST_F(AllocationTest, AnyItemGoesAnywhereShownOnlyFromTheAvailableList) {
     EXPECT_EQ(Data(w->LBoxLoc(0)), std::vector<int32_t>{1});
     EXPECT_EQ(w->LBoxLoc(0).BackColor(), kWhite);
     EXPECT_EQ(Data(w->LBoxAvail), (std::vector<int32_t>{0, 2}));
-    EXPECT_FALSE(w->LBoxAvail_MouseDown());  // the moved entry took the selection with it
+    EXPECT_EQ(w->LBoxAvail.Text(), "Cargo Space (#1)");  // the next entry took the selection
 
     Drop(99, "Cargo Space (#1)");
     Drop(0, "Medium Laser (#1)");
@@ -331,6 +331,52 @@ TEST_F(AllocationTest, DoubleClickMovesBack) {
     EXPECT_EQ(Lines(w->LBoxAvail), (Texts{"Cargo Space (#1)", "AC/5 (#1)"}));
     EXPECT_EQ(Data(w->LBoxAvail), (std::vector<int32_t>{3, 1}));
     EXPECT_TRUE(fake.ui.boxes.empty());
+}
+
+TEST_F(AllocationTest, KeyboardMovesUnderTheDropRulesAndTakesBack) {
+    frmVEQ& e = Open(kTracked, {Used(kMedLaser, 1, -1), Used(kAC5Ammo, 1, -1), Used(kLargeLaser, 1, -1)},
+                     {&Vehicle::HasTurret});
+    Texts offered;
+    for (int32_t i = 0; i < e.cmboMoveTo.ListCount(); ++i) offered.push_back(e.cmboMoveTo.List(i));
+    EXPECT_EQ(offered, (Texts{"Front", "Left", "Right", "Rear", "Main Turret", "Body"}));
+    EXPECT_EQ(e.cmboMoveTo.Text(), "Front");
+    EXPECT_EQ(e.LMoveTo.Caption(), "&Location:");
+    EXPECT_EQ(e.PButMove.Caption(), "&Move");
+    EXPECT_EQ(e.PButTakeBack.Caption(), "&Take Back");
+
+    Pick(e.LBoxAvail, "AC/5 Ammo (#1)");
+    e.PButMove.DoClick();
+    ASSERT_EQ(fake.ui.boxes.size(), 1u);
+    EXPECT_EQ(LastShown(fake.ui), (Shown{"Unable to add item", kAmmoOnlyBody, MsgIcon::Critical}));
+    EXPECT_EQ(Data(e.LBoxLoc(0)), std::vector<int32_t>{});
+    e.cmboMoveTo.SetListIndex(5);
+    e.PButMove.DoClick();
+    EXPECT_EQ(Data(e.LBoxLoc(99)), std::vector<int32_t>{1});
+
+    // Enter in the list moves to the chosen place; the next entry is then
+    // selected, and Enter with nothing chosen is still taken.
+    Pick(e.LBoxAvail, "Medium Laser (#1)");
+    e.cmboMoveTo.SetListIndex(4);
+    int16_t code = kKeyReturn;
+    e.LBoxAvail.KeyDown(code);
+    EXPECT_EQ(code, 0);
+    EXPECT_EQ(Data(e.LBoxLoc(4)), std::vector<int32_t>{0});
+    EXPECT_EQ(e.LBoxAvail.Text(), "Large Laser (#1)");
+
+    // Take Back acts on the location list chosen last; Delete and Enter in
+    // a location list take its entry back.
+    e.PButTakeBack.DoClick();
+    EXPECT_EQ(e.LBoxAvail.ListCount(), 1);
+    Pick(e.LBoxLoc(99), "AC/5 Ammo (#1)");
+    Pick(e.LBoxLoc(4), "Medium Laser (#1)");
+    e.PButTakeBack.DoClick();
+    EXPECT_EQ(Data(e.LBoxAvail), (std::vector<int32_t>{2, 0}));
+    Pick(e.LBoxLoc(99), "AC/5 Ammo (#1)");
+    code = kKeyDelete;
+    e.LBoxLoc(99).KeyDown(code);
+    EXPECT_EQ(code, 0);
+    EXPECT_EQ(Data(e.LBoxAvail), (std::vector<int32_t>{2, 0, 1}));
+    EXPECT_EQ(fake.ui.boxes.size(), 1u);
 }
 
 TEST_F(AllocationTest, SponsonFiguresFollowEveryMove) {

@@ -210,6 +210,22 @@ TEST_F(EditorTest, TextCorrections) {
     EXPECT_TRUE(fake.ui.boxes.empty());
 }
 
+TEST_F(EditorTest, ArmorTonnageTypedGoesToTheNearestHalfTonWithinLimits) {
+    New(kVhlTracked);
+    win->scrlArmorTonnage.SetMax(20);
+    const std::pair<const char*, const char*> cases[] = {
+        {"2.4", "2.5"}, {"1.25", "1"}, {"armor", "1"}, {"-3", "0"}, {"99", "10"}, {"3", "3"}};
+    for (const auto& [typed, shown] : cases) {
+        SCOPED_TRACE(typed);
+        Type(win->TArmorTonnage, typed);
+        EXPECT_EQ(win->TArmorTonnage.Text(), shown);
+        EXPECT_EQ(win->vhl->ArmorTonnage, std::stod(shown));
+        EXPECT_EQ(win->LArmorTonnage.Caption(), shown);
+    }
+    win->scrlArmorTonnage.StepUp();
+    EXPECT_EQ(win->TArmorTonnage.Text(), "3.5");
+}
+
 TEST_F(EditorTest, SavedMarkAndTitle) {
     New(kVhlTracked);
     EXPECT_EQ(win->wSaved, 0);

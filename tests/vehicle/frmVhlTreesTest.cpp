@@ -214,8 +214,16 @@ TEST_F(TreesTest, RemoveByItemKeyAndClear) {
     Remove("w0-1");
     EXPECT_EQ(Kids(e.tvSelectedEq, "loc-1"),
               (std::vector<std::string>{"w0-2:Medium Laser (#2)", "w0-3:Medium Laser (#3)"}));
-    EXPECT_TRUE(e.tvSelectedEq.SelectedKey().empty()) << "the removed node took the selection with it";
+    // The item that took the removed one's place is selected, so Remove goes on.
+    EXPECT_EQ(e.tvSelectedEq.SelectedKey(), "w0-2");
+    Remove("w0-3");
+    EXPECT_EQ(e.tvSelectedEq.SelectedKey(), "w0-2") << "the last goes: the one before it";
+    e.PButEquipment[1].DoClick();
+    EXPECT_EQ(e.vhl->WeaponCount(), 0);
+    EXPECT_TRUE(e.tvSelectedEq.SelectedKey().empty()) << "the group went with its last item";
     // Nothing selected: remove does nothing.
+    Add(kMedLaser);
+    Add(kMedLaser);
     e.PButEquipment[1].DoClick();
     EXPECT_EQ(e.vhl->WeaponCount(), 2);
 
@@ -237,9 +245,50 @@ TEST_F(TreesTest, ThePreferenceOpensTheSelectedGroups) {
 
     gExpandSel = 0;
     Add(kMedLaser);
-    EXPECT_TRUE(AllSelectedGroups(false));
+    // Without it only the group that received the item opens.
+    EXPECT_TRUE(e.tvSelectedEq.Find("loc-1")->Expanded);
+    EXPECT_FALSE(e.tvSelectedEq.Find("loc99")->Expanded);
     e.PButExpandSel.DoClick();
     EXPECT_TRUE(AllSelectedGroups(true));
+}
+
+TEST_F(TreesTest, RefreshKeepsOpenGroupsOpenAndOpensTheOneThatReceives) {
+    frmVhl& e = New(kVhlTracked, 0, 2, 40);
+    Add(kMedLaser);
+    Add(kAC5Ammo);  // to the body
+    EXPECT_TRUE(AllSelectedGroups(true));
+    e.tvSelectedEq.SetExpanded("loc99", false);
+    e.tvSelectedEq.Select("w3-1");
+    Add(kMedLaser);
+    EXPECT_TRUE(e.tvSelectedEq.Find("loc-1")->Expanded);
+    EXPECT_FALSE(e.tvSelectedEq.Find("loc99")->Expanded) << "a closed group stays closed";
+    EXPECT_EQ(e.tvSelectedEq.SelectedKey(), "w3-1");
+}
+
+TEST_F(TreesTest, EnterAddsOrRemovesDeleteRemovesAndOnAGroupEnterOpensIt) {
+    frmVhl& e = New(kVhlTracked, 0, 2, 40);
+    auto key = [](TreeView& tv, const std::string& node, int16_t code) {
+        tv.Select(node);
+        tv.KeyDown(code);
+        return code;
+    };
+    EXPECT_EQ(key(e.tvAvailEq, "node0", kKeyReturn), 0);
+    EXPECT_TRUE(e.tvAvailEq.Find("node0")->Expanded);
+    EXPECT_EQ(key(e.tvAvailEq, "w0", kKeyDelete), kKeyDelete) << "Delete adds nothing and passes on";
+    EXPECT_EQ(e.vhl->WeaponCount(), 0);
+    EXPECT_EQ(key(e.tvAvailEq, "w0", kKeyReturn), 0);
+    EXPECT_EQ(key(e.tvAvailEq, "w0", kKeyReturn), 0);
+    EXPECT_EQ(e.vhl->WeaponCount(), 2);
+    EXPECT_EQ(key(e.tvAvailEq, "node0", kKeyReturn), 0);
+    EXPECT_FALSE(e.tvAvailEq.Find("node0")->Expanded);
+
+    EXPECT_EQ(key(e.tvSelectedEq, "loc-1", kKeyDelete), 0) << "a group is not removed";
+    EXPECT_EQ(e.vhl->WeaponCount(), 2);
+    EXPECT_EQ(key(e.tvSelectedEq, "w0-1", kKeyDelete), 0);
+    EXPECT_EQ(key(e.tvSelectedEq, "w0-2", kKeyReturn), 0);
+    EXPECT_EQ(e.vhl->WeaponCount(), 0);
+    EXPECT_EQ(key(e.tvAvailEq, "w0", 65), 65) << "other keys pass";
+    EXPECT_TRUE(fake.ui.boxes.empty());
 }
 
 // ---- Faults ---------------------------------------------------------------------------

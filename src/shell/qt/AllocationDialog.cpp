@@ -5,6 +5,7 @@
 #include <QDragLeaveEvent>
 #include <QDragMoveEvent>
 #include <QDropEvent>
+#include <QComboBox>
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -167,19 +168,34 @@ AllocationDialog::AllocationDialog(frmVEQ& model, QWidget* parent) : BoundDialog
     grid->addWidget(group(kLocBody), 3, 0);
     grid->addWidget(group(kLocRear), 3, 1);
 
-    auto* done = new QPushButton(this);
-    done->setObjectName("PButDone");
-    BindButton(done, model_.PButDone);
-    auto* hint = new QLabel(tr("Drag an item onto a location; double-click it to take it back."), this);
+    // The keyboard's road: a location, Move, Take Back.
+    auto* moveTo = new QLabel(this);
+    moveTo->setObjectName("LMoveTo");
+    BindLabel(moveTo, model_.LMoveTo);
+    auto* chooser = MakeBound<QComboBox>(model_.cmboMoveTo, this, BindCombo);
+    moveTo->setBuddy(chooser);
+    auto* keys = new QHBoxLayout;
+    keys->addWidget(moveTo);
+    keys->addWidget(chooser);
+    keys->addWidget(MakeBound<QPushButton>(model_.PButMove, this, BindButton));
+    keys->addWidget(MakeBound<QPushButton>(model_.PButTakeBack, this, BindButton));
+    keys->addStretch(1);
+    keys->addWidget(MakeBound<QPushButton>(model_.PButDone, this, BindButton));
+    auto* hint = new QLabel(this);
+    hint->setObjectName("LHint");
+    BindLabel(hint, model_.LHint);
     hint->setStyleSheet("color: #4a5563;");
     hint->setWordWrap(true);
-    auto* bottom = new QHBoxLayout;
-    bottom->addWidget(hint, 1);
-    bottom->addWidget(done);
 
+    // The lists scroll as a whole on a small screen; the commands stay.
+    auto* lists = new QWidget;
+    lists->setLayout(grid);
     auto* outer = new QVBoxLayout(this);
-    outer->addLayout(grid, 1);
-    outer->addLayout(bottom);
+    outer->addWidget(ScrollingPage(lists), 1);
+    outer->addWidget(hint);
+    outer->addLayout(keys);
+    // As large as its lists want; showing it keeps it within the screen.
+    resize(sizeHint());
 }
 
 AllocationList* AllocationDialog::Loc(int16_t i) const {

@@ -8,6 +8,7 @@
 #include <QVBoxLayout>
 #include <QHBoxLayout>
 #include <QEvent>
+#include <QKeyEvent>
 
 #include <map>
 
@@ -65,6 +66,30 @@ protected:
 
 private:
     TextBox& c_;
+};
+}  // namespace
+
+namespace {
+// Hands Enter and Delete to the model's KeyDown; a key the model took goes
+// no further, so Enter in a list never reaches the dialog's default button.
+class KeyEvents : public QObject {
+public:
+    KeyEvents(QWidget* w, Control& c) : QObject(w), c_(c) {}
+
+protected:
+    bool eventFilter(QObject*, QEvent* e) override {
+        if (e->type() != QEvent::KeyPress || !c_.KeyDown) return false;
+        const auto* k = static_cast<QKeyEvent*>(e);
+        int16_t code = 0;
+        if (k->key() == Qt::Key_Return || k->key() == Qt::Key_Enter) code = kKeyReturn;
+        else if (k->key() == Qt::Key_Delete) code = kKeyDelete;
+        if (code == 0 || k->modifiers() & (Qt::AltModifier | Qt::ControlModifier)) return false;
+        zTrapVoid(c_.Name.c_str(), [&] { c_.KeyDown(code); });
+        return code == 0;
+    }
+
+private:
+    Control& c_;
 };
 }  // namespace
 
@@ -210,6 +235,7 @@ void BindListBox(QListWidget* w, ListBox& c) {
     QObject::connect(w, &QListWidget::itemDoubleClicked, [&c](QListWidgetItem*) {
         if (c.DblClick) c.DblClick();
     });
+    w->installEventFilter(new KeyEvents(w, c));
 }
 
 void BindListView(QTreeWidget* w, ListView& c) {
@@ -255,13 +281,19 @@ void BindListView(QTreeWidget* w, ListView& c) {
         x->setVisible(c.Visible());
         x->setEnabled(c.Enabled());
     });
-    QObject::connect(w, &QTreeWidget::itemClicked, [&c](QTreeWidgetItem* item, int) {
-        int32_t i = item->data(0, Qt::UserRole).toInt();
-        zTrapVoid(c.Name.c_str(), [&] { c.Select(i); });
+    // The row the keyboard or the mouse moved to is the model's selection.
+    auto select = [&c](QTreeWidgetItem* item) {
+        const int32_t i = item->data(0, Qt::UserRole).toInt();
+        if (i != c.SelectedIndex()) zTrapVoid(c.Name.c_str(), [&] { c.Select(i); });
+    };
+    QObject::connect(w, &QTreeWidget::itemSelectionChanged, [w, select] {
+        if (QTreeWidgetItem* item = w->currentItem(); item && item->isSelected()) select(item);
     });
+    QObject::connect(w, &QTreeWidget::itemClicked, [select](QTreeWidgetItem* item, int) { select(item); });
     QObject::connect(w, &QTreeWidget::itemDoubleClicked, [&c](QTreeWidgetItem*, int) {
         if (c.DblClick) c.DblClick();
     });
+    w->installEventFilter(new KeyEvents(w, c));
     QObject::connect(w->header(), &QHeaderView::sectionClicked, [&c](int column) {
         if (c.ColumnClick) c.ColumnClick(column);
     });
@@ -317,12 +349,20 @@ void BindTreeView(QTreeWidget* w, TreeView& c) {
     QObject::connect(w, &QTreeWidget::itemCollapsed, [&c, key](QTreeWidgetItem* item) {
         zTrapVoid(c.Name.c_str(), [&] { c.SetExpanded(key(item), false); });
     });
-    QObject::connect(w, &QTreeWidget::itemClicked, [&c, key](QTreeWidgetItem* item, int) {
-        zTrapVoid(c.Name.c_str(), [&] { c.Select(key(item)); });
+    // The node the keyboard or the mouse moved to is the model's selection,
+    // so a command acts on the highlighted node.
+    auto select = [&c, key](QTreeWidgetItem* item) {
+        const std::string k = key(item);
+        if (k != c.SelectedKey()) zTrapVoid(c.Name.c_str(), [&] { c.Select(k); });
+    };
+    QObject::connect(w, &QTreeWidget::itemSelectionChanged, [w, select] {
+        if (QTreeWidgetItem* item = w->currentItem(); item && item->isSelected()) select(item);
     });
+    QObject::connect(w, &QTreeWidget::itemClicked, [select](QTreeWidgetItem* item, int) { select(item); });
     QObject::connect(w, &QTreeWidget::itemDoubleClicked, [&c](QTreeWidgetItem*, int) {
         if (c.DblClick) c.DblClick();
     });
+    w->installEventFilter(new KeyEvents(w, c));
 }
 
 void BindTimer(QTimer* t, Timer& c) {

@@ -44,7 +44,8 @@ QTreeWidget* List(ListView& model, QWidget* parent) {
 
 }  // namespace
 
-DamageChart::DamageChart(frmCost& model, QWidget* parent) : QWidget(parent), model_(model) {
+DamageChart::DamageChart(frmCost& model, QWidget* parent)
+    : QWidget(parent), model_(model), alive_(model.Window.Lifetime()) {
     setObjectName("picDamage");
     setAutoFillBackground(true);
     QPalette p = palette();
@@ -58,17 +59,21 @@ DamageChart::DamageChart(frmCost& model, QWidget* parent) : QWidget(parent), mod
     setMinimumSize(sizeHint());
 }
 
-DamageChart::~DamageChart() { model_.ChartChanged = nullptr; }
+DamageChart::~DamageChart() {
+    if (!alive_.expired()) model_.ChartChanged = nullptr;
+}
 
 int DamageChart::BaseLineY() const { return kTopMargin + Px(kDamageCapHeight); }
 
 QSize DamageChart::sizeHint() const {
+    if (alive_.expired()) return {};
     int32_t right = kDamageChartLeft + kMinHexes * kDamageStepWidth;
     for (const DamageShape& s : model_.shpDamage) right = std::max(right, s.Left + s.Width);
     return {Px(right) + kRightMargin, BaseLineY() + kAxisHeight};
 }
 
 void DamageChart::paintEvent(QPaintEvent*) {
+    if (alive_.expired()) return;
     QPainter g(this);
     const int base = BaseLineY();
     const int origin = Px(kDamageChartLeft);

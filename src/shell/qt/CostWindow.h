@@ -2,6 +2,8 @@
 // figures, and the chart of maximum damage by range.
 #pragma once
 
+#include <memory>
+
 #include "shell/qt/FormHost.h"
 #include <QWidget>
 
@@ -32,6 +34,8 @@ protected:
 
 private:
     frmCost& model_;
+    // The window may go after its model (a modal window deleted later).
+    std::weak_ptr<const void> alive_;
 };
 
 class CostDialog : public BoundDialog {

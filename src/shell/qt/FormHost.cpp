@@ -6,6 +6,10 @@
 #include <QLayout>
 #include <QMetaObject>
 #include <QPushButton>
+#include <QScreen>
+#include <QScrollArea>
+#include <QShowEvent>
+#include <QScrollBar>
 
 #include "shell/qt/Binders.h"
 
@@ -128,6 +132,32 @@ void BoundDialog::reject() {
     // A model that refuses to go keeps its window.
     if (form_.Window.Visible()) return;
     if (isVisible()) QDialog::reject();
+}
+
+namespace {
+class ScrollPage : public QScrollArea {
+public:
+    explicit ScrollPage(QWidget* page) {
+        setFrameShape(QFrame::NoFrame);
+        setWidgetResizable(true);
+        setWidget(page);
+    }
+    QSize sizeHint() const override {
+        return widget()->sizeHint() + QSize(verticalScrollBar()->sizeHint().width(), 0);
+    }
+};
+}  // namespace
+
+QWidget* ScrollingPage(QWidget* page) { return new ScrollPage(page); }
+
+void FitToScreen(QWidget* w) {
+    const QSize room = w->screen()->availableSize() - QSize(16, 48);
+    if (w->width() > room.width() || w->height() > room.height()) w->resize(w->size().boundedTo(room));
+}
+
+void BoundDialog::showEvent(QShowEvent* e) {
+    if (!e->spontaneous()) FitToScreen(this);
+    QDialog::showEvent(e);
 }
 
 void AddDoneFooter(QDialog* dlg, QLayout* outer, bw::CommandButton& done) {

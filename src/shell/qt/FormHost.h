@@ -66,6 +66,8 @@ protected:
     // The dialog's result once the model has gone: accepted unless the
     // model says the user cancelled.
     virtual bool Accepted() const { return true; }
+    // A dialog larger than its screen opens at the screen's size.
+    void showEvent(QShowEvent* e) override;
     FormModel& form_;
 
 private:
@@ -74,6 +76,14 @@ private:
 
 // The footer of the report windows: the model's Done button on the right.
 void AddDoneFooter(QDialog* dlg, QLayout* outer, CommandButton& done);
+
+// A page in a scrolling area that asks for the page's whole size, so a
+// window opens as large as its contents and can still shrink to a small
+// screen.
+QWidget* ScrollingPage(QWidget* page);
+// Shrinks a window that would not fit its screen, leaving room for the
+// title bar and frame the window system adds.
+void FitToScreen(QWidget* w);
 
 // Installs the host and the builders of every window of the program.
 void zInstallQtForms();

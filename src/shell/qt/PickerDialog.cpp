@@ -54,7 +54,7 @@ void PickerDialog::showEvent(QShowEvent* e) {
         const int want = list_->header()->length() + (width() - list_->viewport()->width()) + 4;
         if (want > width()) resize(want, height());
     }
-    QDialog::showEvent(e);
+    BoundDialog::showEvent(e);
 }
 
 void PickerDialog::resizeEvent(QResizeEvent* e) {

@@ -21,7 +21,10 @@ int32_t ToStored(const QColor& c) { return c.red() | (c.green() << 8) | (c.blue(
 
 SettingsDialog::SettingsDialog(frmSet& form, QWidget* parent) : BoundDialog(form, parent), form_(form) {
     setObjectName("frmSet");
-    auto* outer = new QVBoxLayout(this);
+    // The groups scroll on a small screen; the buttons stay in sight.
+    auto* body = new QWidget;
+    auto* outer = new QVBoxLayout(body);
+    outer->setContentsMargins(0, 0, 0, 0);
 
     auto* general = new QGroupBox("General", this);
     auto* gl = new QVBoxLayout(general);
@@ -89,8 +92,9 @@ SettingsDialog::SettingsDialog(frmSet& form, QWidget* parent) : BoundDialog(form
         form_.PButOK_Click();
     });
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
-    outer->addWidget(buttons);
-    outer->setSizeConstraint(QLayout::SetFixedSize);
+    auto* window = new QVBoxLayout(this);
+    window->addWidget(ScrollingPage(body), 1);
+    window->addWidget(buttons);
 }
 
 void SettingsDialog::ShowColor(int which) {

@@ -199,8 +199,8 @@ VehicleEditor::VehicleEditor(frmVhl& model, QWidget* parent) : QWidget(parent, Q
 
     tabs_ = new QTabWidget(this);
     tabs_->setObjectName("SSTab1");
-    tabs_->addTab(GeneralTab(), "General && Equipment");
-    tabs_->addTab(ArmorTab(), "Armor");
+    tabs_->addTab(ScrollingPage(GeneralTab()), "General && Equipment");
+    tabs_->addTab(ScrollingPage(ArmorTab()), "Armor");
     tabs_->addTab(DiagramTab(), "Armor Diagram");
     connect(tabs_, &QTabWidget::currentChanged, this,
             [this](int i) { zTrapVoid("SSTab1_Click", [&] { model_->SSTab1_Click(static_cast<int16_t>(i)); }); });
@@ -223,6 +223,10 @@ VehicleEditor::VehicleEditor(frmVhl& model, QWidget* parent) : QWidget(parent, Q
     for (CommandButton* b : {&m.PButCost, &m.PButShowStats, &m.PButPrint, &m.PButSave, &m.PButClose})
         foot->addWidget(Bound(*b, this));
     outer->addLayout(foot);
+    // As large as the tabs want, within the screen; the tabs scroll when
+    // the screen is smaller, and the commands stay in sight.
+    resize(sizeHint());
+    FitToScreen(this);
 }
 
 VehicleEditor::~VehicleEditor() {
@@ -390,7 +394,7 @@ QWidget* VehicleEditor::ArmorTab() {
     auto* typeCaption = new QLabel("Type", armor);
     BindCommon(typeCaption, m.cmboArmorType);
     af->addRow(typeCaption, type);
-    af->addRow("Tonnage", LabelledUpDown(m.LArmorTonnage, m.scrlArmorTonnage, armor));
+    af->addRow("Tonnage", Number(m.TArmorTonnage, m.scrlArmorTonnage, armor));
     af->addRow("Total points", Bound(m.LTotalPoints, armor, true));
     af->addRow("Allocated", Bound(m.LAllocatedPoints, armor, true));
     af->addRow("Remaining", Bound(m.LRemainingPoints, armor, true));
