@@ -54,8 +54,16 @@ void QtFormHost::ShowForm(FormModel& form, bool modal) {
     if (!w) return;
     auto* dlg = qobject_cast<QDialog*>(w);
     if (modal && dlg) {
+        QPointer<QDialog> guard(dlg);
         // The model ends the loop by hiding or unloading itself.
         if (form.Window.Visible()) dlg->exec();
+        // A modal window serves one show: it goes now, while its model
+        // surely lives (the model of a modal show is often a local that goes
+        // as soon as the show returns). One the model closed may have gone.
+        if (guard && !attached_.count(&form) && !adopted_.count(&form)) {
+            widgets_.erase(&form);
+            delete guard.data();
+        }
         return;
     }
     w->show();
