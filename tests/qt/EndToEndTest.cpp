@@ -408,3 +408,76 @@ TEST_F(EndToEnd, ClosingTheProgramAsksEveryUnsavedEditor) {
     EXPECT_FALSE(main->isVisible());
     host.reset();
 }
+
+// The four roads on which a design used to be lost or changed behind the
+// user's back, each checked on the file itself.
+TEST_F(EndToEnd, NothingReachesTheFileButThroughASaveThatWorked) {
+    auto host = std::make_unique<qt::QtStartupHost>();
+    ASSERT_EQ(Main(*host), StartResult::Running);
+    qt::MainWindow* main = host->Window();
+    frmMain& model = *host->Model();
+    ASSERT_TRUE(gDatabasePath.empty());
+    auto newDesign = [&](const QString& name) {
+        WhenModal([](QWidget* dlg) { QTest::mouseClick(dlg->findChild<QPushButton*>("PButCreate"), Qt::LeftButton); });
+        main->ToolAction("butVHLNew")->trigger();
+        qt::VehicleEditor* ed = TopEditor();
+        EXPECT_NE(ed, nullptr);
+        if (ed) TypeAndLeave(ed->findChild<QLineEdit*>("TName"), name);
+        return ed;
+    };
+    auto save = [](qt::VehicleEditor* ed) { QTest::mouseClick(ed->findChild<QPushButton*>("PButSave"), Qt::LeftButton); };
+    auto names = [&] {
+        std::vector<std::string> out;
+        for (const std::string& l : Dump()) {
+            const size_t at = l.find("\"Name\":\"");
+            out.push_back(l.substr(at + 8, l.find('"', at + 8) - at - 8));
+        }
+        return out;
+    };
+
+    // No database open: the save says so and the design stays unsaved.
+    qt::VehicleEditor* orphan = newDesign("Orphan");
+    save(orphan);
+    EXPECT_EQ(fake.ui.LastBox().title, "No database open");
+    EXPECT_EQ(orphan->windowTitle(), "Orphan *");
+    EXPECT_FALSE(orphan->Model().IsSaved());
+    orphan->Model().wSaved = kTrue;
+    orphan->close();
+
+    // A name typed without its extension gets one the open dialog shows.
+    const std::string typed = dir.Path() + "/Armory";
+    fake.ui.fileAnswers.push_back(typed);
+    main->ActionFor(model.mnuFileNew)->trigger();
+    EXPECT_EQ(gDatabasePath, database);
+
+    // A rename answered No to "Save?" never reaches the table or the file.
+    qt::VehicleEditor* alpha = newDesign("Alpha");
+    save(alpha);
+    EXPECT_EQ(names(), std::vector<std::string>{"Alpha"});
+    TypeAndLeave(alpha->findChild<QLineEdit*>("TName"), "Beta");
+    fake.ui.answers = {MsgResult::No};
+    alpha->close();
+    qt::VehicleEditor* gamma = newDesign("Gamma");
+    save(gamma);
+    EXPECT_EQ(names(), (std::vector<std::string>{"Alpha", "Gamma"}));
+
+    // A damaged database leaves the open one as it was; the next save
+    // writes it whole.
+    const std::string whole = [&] {
+        std::ifstream in(database, std::ios::binary);
+        return std::string(std::istreambuf_iterator<char>(in), {});
+    }();
+    {
+        std::ofstream out(dir.Path() + "/Damaged.bwd", std::ios::binary);
+        out << whole.substr(0, whole.size() - 40);
+    }
+    fake.ui.fileAnswers.push_back(dir.Path() + "/Damaged.bwd");
+    main->ActionFor(model.mnuFileOpne)->trigger();
+    EXPECT_EQ(gDatabasePath, database);
+    EXPECT_EQ(main->windowTitle().toStdString(), "The Brasswick Works 3.0 - " + database);
+    TypeAndLeave(gamma->findChild<QLineEdit*>("TName"), "Delta");
+    save(gamma);
+    EXPECT_EQ(names(), (std::vector<std::string>{"Alpha", "Gamma", "Delta"}));
+    gamma->close();
+    host.reset();
+}
