@@ -2,6 +2,7 @@
 
 #include <bit>
 #include <cstring>
+#include <type_traits>
 #include <string_view>
 
 #include "core/BinaryIO.h"
@@ -145,11 +146,40 @@ void ReadVehicleItems(BinaryReader& br, std::vector<VehicleItem>& items) {
 
 }  // namespace
 
+namespace {
+
+// Writes into room made beforehand: one size check per record instead of one
+// per field (the field appends were most of a save's time).
+struct PtrAppender {
+    char* p;
+    void I16(int16_t v) {
+        const auto u = static_cast<uint16_t>(v);
+        p[0] = static_cast<char>(u & 0xFF);
+        p[1] = static_cast<char>(u >> 8);
+        p += 2;
+    }
+    void F64(double d) {
+        uint64_t u;
+        std::memcpy(&u, &d, 8);
+        for (int i = 0; i < 8; ++i) p[i] = static_cast<char>((u >> (8 * i)) & 0xFF);
+        p += 8;
+    }
+};
+
+}  // namespace
+
 void zWriteVehicleRecord(BinaryWriter& w, const Vehicle& v) {
     zWriteDesignName(w, v.Name);
-    zVisitVehicleFields(v, FieldWriter{w});
     const int16_t n = CountField(v.Items, [](const VehicleItem& it) { return it.wStatus; });
-    const Appender a{w.Data()};
+    std::string& s = w.Data();
+    const size_t start = s.size();
+    // Every field is at most 8 bytes; the exact length is set afterwards.
+    s.resize(start + kVehicleFixedBytes + kVehicleItemBytes * (static_cast<size_t>(n) + 1));
+    PtrAppender a{s.data() + start};
+    zVisitVehicleFields(v, [&a](const char*, auto field) {
+        if constexpr (std::is_same_v<decltype(field), double>) a.F64(field);
+        else a.I16(field);
+    });
     a.I16(n);
     for (int i = 0; i <= n; ++i) {
         const VehicleItem& it = v.Items[static_cast<size_t>(i)];
@@ -158,6 +188,7 @@ void zWriteVehicleRecord(BinaryWriter& w, const Vehicle& v) {
         a.I16(it.wLoc);
         a.I16(it.wStatus);
     }
+    s.resize(static_cast<size_t>(a.p - s.data()));
 }
 
 void zReadVehicleRecord(BinaryReader& r, Vehicle& v) {
