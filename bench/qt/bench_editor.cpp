@@ -13,7 +13,10 @@
 #include "refdata/Weapons.h"
 #include "shell/frmMain.h"
 #include "shell/frmVOpen.h"
+#include "fighter/frmFtr.h"
+#include "shell/qt/FighterEditor.h"
 #include "shell/qt/FormHost.h"
+#include "core/EditorParts.h"
 #include "shell/qt/VehicleEditor.h"
 #include "vehicle/frmVhl.h"
 
@@ -152,6 +155,108 @@ void BM_ArmorInput(benchmark::State& state) {
     }
 }
 BENCHMARK(BM_ArmorInput)->Unit(benchmark::kMillisecond);
+
+// ---- The fighter editor ------------------------------------------------------
+
+// An aerospace fighter of 60 tons with 20 items, stored in the table.
+std::shared_ptr<Fighter> Fighter20() {
+    auto f = std::make_shared<Fighter>();
+    f->FighterType = 1;
+    f->TechBase = 0;
+    f->TechLevel = 3;
+    f->SetTonnage(60);
+    f->SetCruiseSpeed(5);
+    f->SetName("Bench Fighter");
+    for (int16_t row = 0; row < static_cast<int16_t>(gWeapons.size()) && f->WeaponCount() < 20; ++row)
+        f->AddWeapon(row);
+    return f;
+}
+
+struct FighterFixture {
+    frmMain main;
+    qt::FighterEditor* editor = nullptr;
+    FighterFixture() {
+        main.Form_Load();
+        gFighters.assign(1, Fighter20());
+    }
+    void Open() {
+        FormModel* m = zShowModeless(frmFtr::zOpenDesign(*gFighters[0]), &main);
+        editor = qobject_cast<qt::FighterEditor*>(qt::QtFormHost::Instance().WidgetOf(*m));
+    }
+    void Close() {
+        if (!editor) return;
+        editor->Model().wSaved = kTrue;
+        editor->close();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        editor = nullptr;
+    }
+    ~FighterFixture() { Close(); }
+};
+
+void BM_FighterOpenStoredDesignWith20Items(benchmark::State& state) {
+    FighterFixture f;
+    for (auto _ : state) {
+        f.Open();
+        QApplication::processEvents();
+        state.PauseTiming();
+        f.Close();
+        state.ResumeTiming();
+    }
+}
+BENCHMARK(BM_FighterOpenStoredDesignWith20Items)->Unit(benchmark::kMillisecond);
+
+void BM_FighterAddThenRemoveAnItem(benchmark::State& state) {
+    FighterFixture f;
+    f.Open();
+    frmFtr& m = f.editor->Model();
+    int16_t row = -1;
+    for (int16_t r = 0; r < static_cast<int16_t>(gWeapons.size()) && row < 0; ++r)
+        if (m.FTR->AddWeapon(r) != 0) row = r;
+    m.zUpdateWeapons();
+    zExpandAll(m.tvAvailEQ, true);
+    state.counters["weapons"] = m.FTR->WeaponCount();
+    for (auto _ : state) {
+        m.tvAvailEQ.Select(zRowKey(row));
+        m.zAddWeapon();
+        QApplication::processEvents();
+        int16_t num = 0;
+        for (const auto& w : m.FTR->Weapons)
+            if (w.wIdx == row && w.wActive != 0) num = std::max(num, w.wNum);
+        m.tvSelEQ.Select(zItemKey(row, num));
+        m.zRemoveWeapon();
+        QApplication::processEvents();
+    }
+    state.counters["commands"] = benchmark::Counter(2.0 * static_cast<double>(state.iterations()));
+}
+BENCHMARK(BM_FighterAddThenRemoveAnItem)->Unit(benchmark::kMillisecond);
+
+void BM_FighterTonnageStep(benchmark::State& state) {
+    FighterFixture f;
+    f.Open();
+    frmFtr& m = f.editor->Model();
+    bool down = true;
+    for (auto _ : state) {
+        if (down) m.scrlTonnage.StepDown();
+        else m.scrlTonnage.StepUp();
+        down = !down;
+        QApplication::processEvents();
+    }
+}
+BENCHMARK(BM_FighterTonnageStep)->Unit(benchmark::kMillisecond);
+
+void BM_FighterArmorInput(benchmark::State& state) {
+    FighterFixture f;
+    f.Open();
+    frmFtr& m = f.editor->Model();
+    m.scrlArmorTonnage.SetValue(m.scrlArmorTonnage.Max() / 2);
+    int16_t v = 0;
+    for (auto _ : state) {
+        m.scrlArmorLoc[0].SetValue(v);
+        v = v == 0 ? 10 : 0;
+        QApplication::processEvents();
+    }
+}
+BENCHMARK(BM_FighterArmorInput)->Unit(benchmark::kMillisecond);
 
 }  // namespace
 
