@@ -154,4 +154,23 @@ bool zOptionBox(CheckBox& box, const char* title, const std::vector<OptionExclus
     return true;
 }
 
+bool zSaveEditor(FormModel& editor, const std::function<bool()>& validate) {
+    return validate() && editor.Owner && editor.Owner->zSaveDesign(editor);
+}
+
+void zAskSaveOnClose(FormModel& editor, const std::string& what, const std::function<bool()>& validate,
+                     const std::function<void()>& saved, bool& cancel) {
+    cancel = false;
+    zTrapVoid("Form_QueryUnload", [&] {
+        const MsgResult r = zMsgBox("This " + what + " is not yet saved, would you like to save it?",
+                                    MsgButtons::YesNoCancel, MsgIcon::Question, "Save?");
+        if (r == MsgResult::Cancel) {
+            cancel = true;
+        } else if (r == MsgResult::Yes) {
+            if (!zSaveEditor(editor, validate)) cancel = true;
+            else saved();
+        }
+    });
+}
+
 }  // namespace bw

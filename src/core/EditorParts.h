@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "core/Controls.h"
+#include "core/Forms.h"
 
 namespace bw {
 
@@ -61,5 +62,17 @@ struct OptionExclusion {
 // box's own handler can ignore that click.
 bool zOptionBox(CheckBox& box, const char* title, const std::vector<OptionExclusion>& tests, int16_t& refusing,
                 const std::function<void(int16_t)>& apply);
+
+// An editor's save: its own checks (validate is false to refuse, having
+// said why), then the save command of the window that opened it. True when
+// the design reached the database.
+bool zSaveEditor(FormModel& editor, const std::function<bool()>& validate);
+
+// The close question of an editor with unsaved work ("This vehicle is not
+// yet saved, would you like to save it?"): Yes saves as zSaveEditor does,
+// No lets the work go, Cancel keeps the window. cancel is set when the
+// window must stay; saved runs after a save that worked.
+void zAskSaveOnClose(FormModel& editor, const std::string& what, const std::function<bool()>& validate,
+                     const std::function<void()>& saved, bool& cancel);
 
 }  // namespace bw

@@ -215,16 +215,7 @@ void frmFtr::Form_Unload() {
 void frmFtr::Form_QueryUnload(bool& cancel) {
     cancel = false;
     if (wSaved != 0) return;
-    zTrapVoid("Form_QueryUnload", [&] {
-        const MsgResult r = zMsgBox("This fighter is not yet saved, would you like to save it?",
-                                    MsgButtons::YesNoCancel, MsgIcon::Question, "Save?");
-        if (r == MsgResult::Cancel) {
-            cancel = true;
-        } else if (r == MsgResult::Yes) {
-            if (zValidateSave() == 0 || !Owner || !Owner->zSaveDesign(*this)) cancel = true;
-            else zSetSaved(kTrue);
-        }
-    });
+    zAskSaveOnClose(*this, "fighter", [this] { return zValidateSave() != 0; }, [this] { zSetSaved(kTrue); }, cancel);
 }
 
 void frmFtr::SSTab1_Click(int16_t tab) {
@@ -875,8 +866,7 @@ int16_t frmFtr::zValidateSave() {
 
 void frmFtr::PButSave_Click() {
     zTrapVoid("PButSave_Click", [&] {
-        if (zValidateSave() == 0) return;
-        if (Owner && Owner->zSaveDesign(*this)) zSetSaved(kTrue);
+        if (zSaveEditor(*this, [this] { return zValidateSave() != 0; })) zSetSaved(kTrue);
     });
 }
 

@@ -311,20 +311,7 @@ void frmVhl::Form_Unload() {
 void frmVhl::Form_QueryUnload(bool& cancel) {
     cancel = false;
     if (wSaved != 0) return;
-    zTrapVoid("Form_QueryUnload", [&] {
-        const MsgResult r = zMsgBox("This vehicle is not yet saved, would you like to save it?",
-                                    MsgButtons::YesNoCancel, MsgIcon::Question, "Save?");
-        if (r == MsgResult::Cancel) {
-            cancel = true;
-        } else if (r == MsgResult::Yes) {
-            if (zValidateSave() == 0) {
-                cancel = true;
-                return;
-            }
-            if (!Owner || !Owner->zSaveDesign(*this)) cancel = true;
-            else zSetSaved(kTrue);
-        }
-    });
+    zAskSaveOnClose(*this, "vehicle", [this] { return zValidateSave() != 0; }, [this] { zSetSaved(kTrue); }, cancel);
 }
 
 void frmVhl::zSetSaved(int16_t wStatus) {
@@ -1253,8 +1240,7 @@ int16_t frmVhl::zValidateSave() {
 
 void frmVhl::PButSave_Click() {
     zTrapVoid("PButSave_Click", [&] {
-        if (zValidateSave() == 0) return;
-        if (Owner && Owner->zSaveDesign(*this)) zSetSaved(kTrue);
+        if (zSaveEditor(*this, [this] { return zValidateSave() != 0; })) zSetSaved(kTrue);
     });
 }
 

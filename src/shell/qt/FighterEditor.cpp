@@ -21,6 +21,7 @@
 #include "core/Globals.h"
 #include "core/Vocabulary.h"
 #include "shell/qt/Binders.h"
+#include "shell/qt/EditorWidgets.h"
 #include "shell/qt/FormHost.h"
 
 namespace bw::qt {
@@ -32,55 +33,6 @@ namespace {
 constexpr const char* kPlanFile = "bwp/editor/diag20.svg";
 constexpr int kSpots[6][2] = {{161, 96}, {72, 230}, {250, 230}, {161, 188}, {75, 80}, {161, 303}};
 constexpr double kPlanScale = 1.5;
-
-QLabel* Bound(Label& model, QWidget* parent, bool figure = false) {
-    auto* l = MakeBound<QLabel>(model, parent, BindLabel);
-    if (figure) {
-        l->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-        l->setMinimumWidth(44);
-    }
-    return l;
-}
-
-QLabel* Caption(const QString& text, QWidget* parent) {
-    auto* l = new QLabel(text, parent);
-    l->setStyleSheet("color: #404040;");
-    return l;
-}
-
-QCheckBox* Bound(CheckBox& model, QWidget* parent) { return MakeBound<QCheckBox>(model, parent, BindCheckBox); }
-
-QComboBox* Bound(ComboBox& model, QWidget* parent) {
-    auto* c = MakeBound<QComboBox>(model, parent, BindCombo);
-    c->setSizeAdjustPolicy(QComboBox::AdjustToContents);
-    return c;
-}
-
-QPushButton* Bound(CommandButton& model, QWidget* parent) {
-    return MakeBound<QPushButton>(model, parent, BindButton);
-}
-
-QWidget* Number(TextBox& text, ScrollBar& scrl, QWidget* parent, int width = 48) {
-    auto* edit = new QLineEdit(parent);
-    edit->setFixedWidth(width);
-    return NumberInput(edit, text, scrl, parent);
-}
-
-// A figure with its up-down beside it (fuel, heat sinks, armor tonnage).
-QWidget* LabelledUpDown(Label& label, ScrollBar& scrl, QWidget* parent) {
-    auto* w = new QWidget(parent);
-    auto* row = new QHBoxLayout(w);
-    row->setContentsMargins(0, 0, 0, 0);
-    row->setSpacing(4);
-    auto* l = Bound(label, w, true);
-    l->setMinimumWidth(28);
-    row->addWidget(l);
-    auto* up = new UpDown(scrl, w);
-    up->setObjectName(QString::fromStdString(scrl.Name));
-    row->addWidget(up);
-    row->addStretch(1);
-    return w;
-}
 
 // A caption that follows a control's visibility and enabled state, and
 // gives the control its keyboard accelerator.

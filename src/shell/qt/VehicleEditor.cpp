@@ -26,6 +26,7 @@
 #include "core/Globals.h"
 #include "core/Vocabulary.h"
 #include "shell/qt/Binders.h"
+#include "shell/qt/EditorWidgets.h"
 #include "shell/qt/FormHost.h"
 
 namespace bw::qt {
@@ -33,54 +34,6 @@ namespace bw::qt {
 namespace {
 
 constexpr int kTwipsPerPixel = 15;
-
-QLabel* Bound(Label& model, QWidget* parent, bool figure = false) {
-    auto* l = MakeBound<QLabel>(model, parent, BindLabel);
-    if (figure) {
-        l->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-        l->setMinimumWidth(44);
-    }
-    return l;
-}
-
-QLabel* Caption(const char* text, QWidget* parent) {
-    auto* l = new QLabel(QString::fromUtf8(text), parent);
-    l->setStyleSheet("color: #404040;");
-    return l;
-}
-
-QCheckBox* Bound(CheckBox& model, QWidget* parent) { return MakeBound<QCheckBox>(model, parent, BindCheckBox); }
-
-QComboBox* Bound(ComboBox& model, QWidget* parent) {
-    auto* c = MakeBound<QComboBox>(model, parent, BindCombo);
-    c->setSizeAdjustPolicy(QComboBox::AdjustToContents);
-    return c;
-}
-
-QPushButton* Bound(CommandButton& model, QWidget* parent) {
-    return MakeBound<QPushButton>(model, parent, BindButton);
-}
-
-QWidget* Number(TextBox& text, ScrollBar& scrl, QWidget* parent, int width = 48) {
-    auto* edit = new QLineEdit(parent);
-    edit->setFixedWidth(width);
-    return NumberInput(edit, text, scrl, parent);
-}
-
-// A label that shows a figure with its up-down beside it (the count of jump
-// jets, MASH theatres; the armor tonnage).
-QWidget* LabelledUpDown(Label& label, ScrollBar& scrl, QWidget* parent) {
-    auto* w = new QWidget(parent);
-    auto* row = new QHBoxLayout(w);
-    row->setContentsMargins(0, 0, 0, 0);
-    row->setSpacing(4);
-    auto* l = Bound(label, w, true);
-    l->setMinimumWidth(28);
-    row->addWidget(l);
-    row->addWidget(new UpDown(scrl, w));
-    BindCommon(w, scrl);
-    return w;
-}
 
 // A row of the options grid that shows and hides with its check box.
 void OptionRow(QGridLayout* grid, int row, CheckBox& box, QWidget* extra, Label& tons, QWidget* parent) {
