@@ -32,6 +32,7 @@
 #include "shell/qt/AllocationDialog.h"
 #include "shell/qt/Startup.h"
 #include "shell/qt/VehicleEditor.h"
+#include "ProgramFixture.h"
 #include "support/FakeUi.h"
 #include "support/TempDir.h"
 
@@ -41,83 +42,14 @@ namespace {
 
 namespace fs = std::filesystem;
 
-class EndToEnd : public ::testing::Test {
+class EndToEnd : public test::ProgramFixture {
 protected:
-    test::ScopedFakeUi fake;
-    test::TempDir dir;
-    std::string savedPath = gAppPath;
-    std::vector<WeaponRec> savedWeapons = gWeapons;
-    std::string program, database;
-
-    void SetUp() override {
-        // A program folder of its own: the reference files and the art.
-        program = dir.Path() + "/program";
-        fs::create_directories(program);
-        for (const char* f : {"weapons.bin", "armorloc.bin", "intloc.bin"})
-            fs::copy_file(fs::path(BW_BIN_DIR) / f, fs::path(program) / f);
-        fs::copy(fs::path(BW_BIN_DIR) / "bwp", fs::path(program) / "bwp", fs::copy_options::recursive);
-        SetAppPath(program);
-        database = dir.Path() + "/Armory.bwd";
-        fake.settings.Set("General", "OpenLast", "1");
-    }
+    void SetUp() override { SetUpProgram("Armory.bwd"); }
     void TearDown() override {
-        for (QWidget* w : QApplication::topLevelWidgets())
-            if (auto* e = qobject_cast<qt::VehicleEditor*>(w)) {
-                e->Model().wSaved = kTrue;
-                e->close();
-            }
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        gWeapons = savedWeapons;
-        SetAppPath(savedPath);
-        zResetDatabase();
+        CloseEditors<qt::VehicleEditor>();
+        ProgramFixture::TearDown();
     }
-
-    // Runs fn on the next modal dialog once it shows; the caller then opens it.
-    static void WhenModal(std::function<void(QWidget*)> fn) {
-        auto* poll = new QTimer;
-        poll->setInterval(5);
-        QObject::connect(poll, &QTimer::timeout, [poll, fn] {
-            QWidget* modal = QApplication::activeModalWidget();
-            if (!modal || !modal->isVisible()) return;
-            poll->stop();
-            poll->deleteLater();
-            fn(modal);
-            // A failed check must not leave the test waiting on the dialog.
-            if (auto* d = qobject_cast<QDialog*>(modal); d && d->isVisible()) {
-                ADD_FAILURE() << "dialog left open: " << d->windowTitle().toStdString();
-                d->reject();
-            }
-        });
-        poll->start();
-    }
-    // The editor window now open, made active so its boxes take the focus.
-    static qt::VehicleEditor* TopEditor() {
-        qt::VehicleEditor* found = nullptr;
-        for (QWidget* w : QApplication::topLevelWidgets())
-            if (auto* e = qobject_cast<qt::VehicleEditor*>(w); e && e->isVisible()) found = e;
-        if (found) {
-            EXPECT_TRUE(QTest::qWaitForWindowExposed(found));
-            found->activateWindow();
-            EXPECT_TRUE(QTest::qWaitForWindowActive(found));
-        }
-        return found;
-    }
-    static void TypeAndLeave(QLineEdit* e, const QString& text) {
-        // Focus comes and goes only in the active window.
-        if (!e->window()->isActiveWindow()) {
-            e->window()->activateWindow();
-            EXPECT_TRUE(QTest::qWaitForWindowActive(e->window()));
-        }
-        e->setFocus();
-        e->selectAll();
-        QTest::keyClicks(e, text);
-        e->clearFocus();
-    }
-    static void Arrow(QWidget* upDownOwner, const char* which, int times) {
-        auto* b = upDownOwner->findChild<QToolButton*>(which);
-        ASSERT_NE(b, nullptr);
-        for (int i = 0; i < times; ++i) QTest::mouseClick(b, Qt::LeftButton);
-    }
+    static qt::VehicleEditor* TopEditor() { return ProgramFixture::TopEditor<qt::VehicleEditor>(); }
     // Opens a group of the available tree with the mouse on its arrow, picks
     // the named row and presses "Add >>".
     static void AddFromTree(qt::VehicleEditor* ed, const QString& group, const QString& row, int times) {
@@ -148,23 +80,6 @@ protected:
         auto* add = ed->findChild<QPushButton*>("PButEquipment(0)");
         for (int i = 0; i < times; ++i) QTest::mouseClick(add, Qt::LeftButton);
     }
-    std::vector<std::string> Dump() const {
-        QProcess p;
-        p.start(QString(BW_BIN_DIR) + "/bwtool", {"dump", QString::fromStdString(database)});
-        EXPECT_TRUE(p.waitForFinished(10000));
-        EXPECT_EQ(p.exitCode(), 0) << p.readAllStandardError().toStdString();
-        std::vector<std::string> lines;
-        for (const QByteArray& l : p.readAllStandardOutput().split('\n'))
-            if (!l.isEmpty()) lines.push_back(l.toStdString());
-        return lines;
-    }
-    // Pictures for the eye when BW_TEST_SHOTS names a folder.
-    static void Shot(QWidget* w, const char* file) {
-        if (!qEnvironmentVariableIsSet("BW_TEST_SHOTS")) return;
-        QApplication::processEvents();
-        w->grab().save(qEnvironmentVariable("BW_TEST_SHOTS") + "/" + file);
-    }
-    static bool Has(const std::string& line, const std::string& part) { return line.find(part) != std::string::npos; }
 };
 
 }  // namespace

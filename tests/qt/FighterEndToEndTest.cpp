@@ -35,6 +35,7 @@
 #include "shell/qt/FighterDialogs.h"
 #include "shell/qt/FighterEditor.h"
 #include "shell/qt/Startup.h"
+#include "ProgramFixture.h"
 #include "support/FakeUi.h"
 #include "support/TempDir.h"
 
@@ -44,78 +45,14 @@ namespace {
 
 namespace fs = std::filesystem;
 
-class FighterEndToEnd : public ::testing::Test {
+class FighterEndToEnd : public test::ProgramFixture {
 protected:
-    test::ScopedFakeUi fake;
-    test::TempDir dir;
-    std::string savedPath = gAppPath;
-    std::vector<WeaponRec> savedWeapons = gWeapons;
-    std::string program, database;
-
-    void SetUp() override {
-        program = dir.Path() + "/program";
-        fs::create_directories(program);
-        for (const char* f : {"weapons.bin", "armorloc.bin", "intloc.bin"})
-            fs::copy_file(fs::path(BW_BIN_DIR) / f, fs::path(program) / f);
-        fs::copy(fs::path(BW_BIN_DIR) / "bwp", fs::path(program) / "bwp", fs::copy_options::recursive);
-        SetAppPath(program);
-        database = dir.Path() + "/Hangar.bwd";
-        fake.settings.Set("General", "OpenLast", "1");
-    }
+    void SetUp() override { SetUpProgram("Hangar.bwd"); }
     void TearDown() override {
-        for (QWidget* w : QApplication::topLevelWidgets())
-            if (auto* e = qobject_cast<qt::FighterEditor*>(w)) {
-                e->Model().wSaved = kTrue;
-                e->close();
-            }
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        gWeapons = savedWeapons;
-        SetAppPath(savedPath);
-        zResetDatabase();
+        CloseEditors<qt::FighterEditor>();
+        ProgramFixture::TearDown();
     }
-
-    static void WhenModal(std::function<void(QWidget*)> fn) {
-        auto* poll = new QTimer;
-        poll->setInterval(5);
-        QObject::connect(poll, &QTimer::timeout, [poll, fn] {
-            QWidget* modal = QApplication::activeModalWidget();
-            if (!modal || !modal->isVisible()) return;
-            poll->stop();
-            poll->deleteLater();
-            fn(modal);
-            if (auto* d = qobject_cast<QDialog*>(modal); d && d->isVisible()) {
-                ADD_FAILURE() << "dialog left open: " << d->windowTitle().toStdString();
-                d->reject();
-            }
-        });
-        poll->start();
-    }
-    static qt::FighterEditor* TopEditor() {
-        qt::FighterEditor* found = nullptr;
-        for (QWidget* w : QApplication::topLevelWidgets())
-            if (auto* e = qobject_cast<qt::FighterEditor*>(w); e && e->isVisible()) found = e;
-        if (found) {
-            EXPECT_TRUE(QTest::qWaitForWindowExposed(found));
-            found->activateWindow();
-            EXPECT_TRUE(QTest::qWaitForWindowActive(found));
-        }
-        return found;
-    }
-    static void TypeAndLeave(QLineEdit* e, const QString& text) {
-        if (!e->window()->isActiveWindow()) {
-            e->window()->activateWindow();
-            EXPECT_TRUE(QTest::qWaitForWindowActive(e->window()));
-        }
-        e->setFocus();
-        e->selectAll();
-        QTest::keyClicks(e, text);
-        e->clearFocus();
-    }
-    static void Arrow(QWidget* upDownOwner, const char* which, int times) {
-        auto* b = upDownOwner->findChild<QToolButton*>(which);
-        ASSERT_NE(b, nullptr);
-        for (int i = 0; i < times; ++i) QTest::mouseClick(b, Qt::LeftButton);
-    }
+    static qt::FighterEditor* TopEditor() { return ProgramFixture::TopEditor<qt::FighterEditor>(); }
     static void Pick(QComboBox* c, int index) {
         c->setFocus();
         while (c->currentIndex() < index) QTest::keyClick(c, Qt::Key_Down);
@@ -157,21 +94,6 @@ protected:
         });
         QTest::mouseClick(ed->findChild<QPushButton*>("PButAllocate"), Qt::LeftButton);
     }
-    std::vector<std::string> Dump() const {
-        QProcess p;
-        p.start(QString(BW_BIN_DIR) + "/bwtool", {"dump", QString::fromStdString(database)});
-        EXPECT_TRUE(p.waitForFinished(10000));
-        std::vector<std::string> lines;
-        for (const QByteArray& l : p.readAllStandardOutput().split('\n'))
-            if (!l.isEmpty()) lines.push_back(l.toStdString());
-        return lines;
-    }
-    static void Shot(QWidget* w, const char* file) {
-        if (!qEnvironmentVariableIsSet("BW_TEST_SHOTS")) return;
-        QApplication::processEvents();
-        w->grab().save(qEnvironmentVariable("BW_TEST_SHOTS") + "/" + file);
-    }
-    static bool Has(const std::string& line, const std::string& part) { return line.find(part) != std::string::npos; }
 };
 
 }  // namespace
