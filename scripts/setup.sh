@@ -8,7 +8,7 @@ cd "$(dirname "$0")/.."
 # widget tests run on; libqt6svg6 is the SVG image plugin of the sheet art.
 PACKAGES=(g++ cmake ninja-build pkg-config
   qt6-base-dev libqt6test6 libqt6gui6 qt6-svg-dev libqt6svg6 qt6-image-formats-plugins libgl-dev
-  libgtest-dev libgmock-dev libbenchmark-dev
+  libgtest-dev libgmock-dev libbenchmark-dev nlohmann-json3-dev
   fonts-liberation2 xvfb xauth poppler-utils librsvg2-bin)
 
 missing=()

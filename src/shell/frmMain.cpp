@@ -16,6 +16,7 @@
 #include "evaluation/frmCost.h"
 #include "evaluation/frmVStat.h"
 #include "fighter/Fighter.h"
+#include "search/frmSrch.h"
 #include "shell/frmAbout.h"
 
 namespace bw {
@@ -50,7 +51,7 @@ frmMain::frmMain() : FormModel("frmMain") {
     SetMenu(mnuDropship, "&Dropship");
     SetMenu(mnuWarship, "&Warship");
     SetMenu(mnuSettings, "&Preferences");
-    SetMenu(mnuSearch, "&Search", false);
+    SetMenu(mnuSearch, "&Search");
     SetMenu(mnuAbout, "&About");
     SetMenu(mnuAboutBW, "The Brasswick Works 3.0");
     // The maintenance commands rebuild reference files; bwtool does that job
@@ -92,6 +93,7 @@ frmMain::frmMain() : FormModel("frmMain") {
         frmSet dlg;
         zShowModal(dlg);
     };
+    mnuSearch.Click = [this] { zShowSearch(); };
     mnuAboutBW.Click = [this] {
         frmAbout dlg;
         zShowModal(dlg);
@@ -259,14 +261,32 @@ void frmMain::zOpenVehicle() {
 
         zPointerWait();
         waiting = true;
-        auto editor = frmVhl::zOpenDesign(*gVehicles[static_cast<size_t>(sel)]);
-        zSetStartPos(editor->Left, editor->Top, editor->Width, editor->Height);
-        editor->SSTab1_Click(0);
-        zShowEditor(std::move(editor));
+        zOpenStoredVehicle(*gVehicles[static_cast<size_t>(sel)]);
         zPointerNormal();
         waiting = false;
     });
     if (waiting) zPointerNormal();
+}
+
+void frmMain::zOpenStoredVehicle(const Vehicle& stored) {
+    auto editor = frmVhl::zOpenDesign(stored);
+    zSetStartPos(editor->Left, editor->Top, editor->Width, editor->Height);
+    editor->SSTab1_Click(0);
+    zShowEditor(std::move(editor));
+}
+
+void frmMain::zShowSearch() {
+    zTrapVoid("mnuSearch_Click", [&] {
+        // One search window: a second command brings the first back.
+        for (FormModel* f : gForms())
+            if (f->FormName() == "frmSrch") {
+                f->Show();
+                return;
+            }
+        auto srch = std::make_unique<frmSrch>();
+        srch->OpenVehicle = [this](const Vehicle& v) { zOpenStoredVehicle(v); };
+        zShowModeless(std::move(srch), this);
+    });
 }
 
 namespace {

@@ -14,6 +14,7 @@
 #include "shell/qt/FormHost.h"
 #include "shell/qt/NewVehicleDialog.h"
 #include "shell/qt/PickerDialog.h"
+#include "shell/qt/SearchWindow.h"
 #include "shell/qt/SettingsDialog.h"
 #include "shell/qt/StatsWindow.h"
 #include "shell/qt/VehicleEditor.h"
@@ -79,6 +80,8 @@ void zInstallQtForms() {
     Add<frmWData, WDataDialog>("frmWData");
     Add<frmSet, SettingsDialog>("frmSet");
     Add<frmAbout, AboutDialog>("frmAbout");
+    Add<frmCriteria, CriteriaDialog>("frmCriteria");
+    Add<frmSrch, SearchWindow>("frmSrch");
     // Editors are windows of their own, several at once, placed where the
     // main window's cascade put them.
     host.Register("frmVhl", [](FormModel& f, QWidget*) -> QWidget* {
