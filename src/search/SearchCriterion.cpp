@@ -83,13 +83,6 @@ bool Compare(int16_t wanted, int16_t how, int16_t actual) {
     }
 }
 
-template <size_t N>
-int IndexIn(const char* const (&names)[N], const std::string& item) {
-    for (size_t i = 0; i < N; ++i)
-        if (item == names[i]) return static_cast<int>(i);
-    return -1;
-}
-
 }  // namespace
 
 const std::vector<std::string>& zExtraItemsVocabulary() {
@@ -132,30 +125,42 @@ std::vector<std::string> zExtraItemsFor(int16_t unitClass, int16_t movementType)
     return out;
 }
 
-bool zExtraItemHolds(const std::string& item, const Vehicle& v) {
-    if (item == "No Turret") return !Flag(v.HasTurret) && !Flag(v.HasSecTurret);
-    if (item == "Main Turret" || item == "Turret" || item == "Chin Turret") return Flag(v.HasTurret);
-    if (item == "Secondary Turret") return Flag(v.HasSecTurret);
-    if (item == "Sponson Turrets") return Flag(v.HasSponsonTurrets);
-    if (int b = IndexIn(kBridges, item); b >= 0) return Flag(v.HasBridgeLayer) && v.BridgeLayerType == b;
-    if (item == "Bulldozer Blade") return Flag(v.HasBulldozer);
-    if (item == "Minesweeper") return Flag(v.HasMinesweeper);
-    if (item == "Coolant System") return Flag(v.HasCoolantSystem);
-    if (item == "M*A*S*H* Unit") return Flag(v.HasMASHUnit);
-    if (item == "Mobile HQ") return Flag(v.HasMobileHQ);
-    if (item == "Amphibious Equipment") return Flag(v.HasAmphibEquip);
-    if (item == "Snowmobile Equipment") return Flag(v.HasSnowmobileEquip);
-    if (item == "Dune Buggy Gear") return Flag(v.HasDuneBuggyEquip);
-    if (item == "Jump Jets") return Flag(v.HasJumpJet);
-    if (item == "Supercharger" || item == "Jet Boosters") return Flag(v.HasSupercharger);
-    if (int r = IndexIn(kRotors, item); r >= 0) return v.RotorConfig == r;
-    if (int a = IndexIn(kArmors, item); a >= 0) return v.ArmorType == a;
-    if (item.compare(0, kEnginePrefix.size(), kEnginePrefix) == 0) {
-        const std::string name = item.substr(kEnginePrefix.size());
-        for (int16_t e : kEngineOrder)
-            if (zEngineName(e) == name) return v.EngineType == e;
+int16_t zExtraItemCode(const std::string& item) {
+    const auto& all = zExtraItemsVocabulary();
+    for (size_t i = 0; i < all.size(); ++i)
+        if (all[i] == item) return static_cast<int16_t>(i);
+    return -1;
+}
+
+bool zExtraItemCodeHolds(int16_t code, const Vehicle& v) {
+    // Codes are positions in the vocabulary: turrets 0-5, bridge layers 6-8,
+    // equipment 9-19, rotors 20-22, engines 23-30, armors 31-36.
+    switch (code) {
+        case 0: return !Flag(v.HasTurret) && !Flag(v.HasSecTurret);
+        case 1: case 4: case 5: return Flag(v.HasTurret);
+        case 2: return Flag(v.HasSecTurret);
+        case 3: return Flag(v.HasSponsonTurrets);
+        case 6: case 7: case 8: return Flag(v.HasBridgeLayer) && v.BridgeLayerType == code - 6;
+        case 9: return Flag(v.HasBulldozer);
+        case 10: return Flag(v.HasMinesweeper);
+        case 11: return Flag(v.HasCoolantSystem);
+        case 12: return Flag(v.HasMASHUnit);
+        case 13: return Flag(v.HasMobileHQ);
+        case 14: return Flag(v.HasAmphibEquip);
+        case 15: return Flag(v.HasSnowmobileEquip);
+        case 16: return Flag(v.HasDuneBuggyEquip);
+        case 17: return Flag(v.HasJumpJet);
+        case 18: case 19: return Flag(v.HasSupercharger);
+        case 20: case 21: case 22: return v.RotorConfig == code - 20;
+        case 23: case 24: case 25: case 26: case 27: case 28: case 29: case 30:
+            return v.EngineType == kEngineOrder[code - 23];
+        case 31: case 32: case 33: case 34: case 35: case 36: return v.ArmorType == code - 31;
+        default: return false;  // the fighters' items and unknown names
     }
-    return false;
+}
+
+bool zExtraItemHolds(const std::string& item, const Vehicle& v) {
+    return zExtraItemCodeHolds(zExtraItemCode(item), v);
 }
 
 void ProcessExtras(const std::vector<std::string>& extraItems, const Vehicle& v, bool& matched) {
@@ -167,10 +172,24 @@ void ProcessExtras(const std::vector<std::string>& extraItems, const Vehicle& v,
         }
 }
 
-void ProcessVehicle(const std::vector<SearchCriterion>& criteria, const Vehicle& v, bool& matched) {
+PreparedCriteria zPrepareCriteria(const std::vector<SearchCriterion>& criteria) {
+    PreparedCriteria p;
+    p.list = criteria;
+    for (const auto& c : criteria) {
+        std::vector<int16_t> codes;
+        // An empty first item asks for no extras.
+        if (!c.ExtraItems.empty() && !c.ExtraItems[0].empty())
+            for (const auto& item : c.ExtraItems) codes.push_back(zExtraItemCode(item));
+        p.extras.push_back(std::move(codes));
+    }
+    return p;
+}
+
+void ProcessVehicle(const PreparedCriteria& criteria, const Vehicle& v, bool& matched) {
     matched = false;
     zTrapVoid("ProcessVehicle", [&] {
-        for (const auto& c : criteria) {
+        for (size_t i = 0; i < criteria.list.size(); ++i) {
+            const SearchCriterion& c = criteria.list[i];
             // The flag is looked up before the class is tested, so a design
             // with a base or level outside the flags fails whatever the
             // criterion.
@@ -181,14 +200,19 @@ void ProcessVehicle(const std::vector<SearchCriterion>& criteria, const Vehicle&
             if (c.MovementType != -1 && c.MovementType != v.VhlType) continue;
             const bool speed = Compare(c.Speed, c.SpeedCompare, v.CruiseSpeed);
             const bool tonnage = Compare(c.Tonnage, c.TonnageCompare, v.Tonnage);
-            bool extras = true;
-            if (!c.ExtraItems.empty() && !c.ExtraItems[0].empty()) ProcessExtras(c.ExtraItems, v, extras);
+            const auto& codes = criteria.extras[i];
+            bool extras = codes.empty();
+            for (size_t k = 0; k < codes.size() && !extras; ++k) extras = zExtraItemCodeHolds(codes[k], v);
             if (speed && tonnage && extras) {
                 matched = true;
                 return;
             }
         }
     });
+}
+
+void ProcessVehicle(const std::vector<SearchCriterion>& criteria, const Vehicle& v, bool& matched) {
+    ProcessVehicle(zPrepareCriteria(criteria), v, matched);
 }
 
 void ProcessFighter(const Fighter&) {}

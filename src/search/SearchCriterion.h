@@ -34,12 +34,24 @@ std::vector<std::string> zExtraItemsFor(int16_t unitClass, int16_t movementType)
 
 // Whether one extra item holds for the vehicle; an unknown name never does.
 bool zExtraItemHolds(const std::string& item, const Vehicle& v);
+// The same by the item's place in the vocabulary (-1 for an unknown name),
+// so that a run over many designs looks each name up once.
+int16_t zExtraItemCode(const std::string& item);
+bool zExtraItemCodeHolds(int16_t code, const Vehicle& v);
 // The extras section: passes as soon as one listed item holds.
 void ProcessExtras(const std::vector<std::string>& extraItems, const Vehicle& v, bool& matched);
 // Tests one vehicle against the criteria, joined by or: the scan stops at the
 // first criterion that passes. Reported under "ProcessVehicle" on failure
 // (a design whose base or level lies outside the flags), matched stays no.
 void ProcessVehicle(const std::vector<SearchCriterion>& criteria, const Vehicle& v, bool& matched);
+// A criteria list ready for many designs: each criterion's extra items as
+// codes, none when its first item is empty.
+struct PreparedCriteria {
+    std::vector<SearchCriterion> list;
+    std::vector<std::vector<int16_t>> extras;
+};
+PreparedCriteria zPrepareCriteria(const std::vector<SearchCriterion>& criteria);
+void ProcessVehicle(const PreparedCriteria& criteria, const Vehicle& v, bool& matched);
 // Fighters are loaded and counted but the search never lists one.
 void ProcessFighter(const Fighter& f);
 

@@ -1,6 +1,7 @@
 #include "search/SearchRun.h"
 
 #include <fstream>
+#include <type_traits>
 
 #include <nlohmann/json.hpp>
 
@@ -11,6 +12,7 @@
 #include "core/Ui.h"
 #include "core/Vocabulary.h"
 #include "database/DatabaseFile.h"
+#include "database/RecordFields.h"
 #include "fighter/Fighter.h"
 #include "vehicle/Vehicle.h"
 
@@ -48,6 +50,41 @@ bool ReadTable(BinaryReader& r, std::vector<std::shared_ptr<T>>& table, Load loa
         table.push_back(std::move(obj));
     }
     return true;
+}
+
+// The report a failing record gets from the database reader.
+constexpr const char* kLoadProc = "Vehicle.LoadData";
+
+// What the search needs of a vehicle record, read in place: every 16-bit
+// field, found through the record's own field list, with its item list and
+// floating figures stepped over. It fails exactly where the full reader
+// fails (a cut record, an item count below -1). Returns where the name is.
+size_t ReadForSearch(BinaryReader& r, Vehicle& v) {
+    const size_t at = r.Pos();
+    if (kVehicleFixedBytes > r.Remaining()) zRaise(kErrInputPastEnd);
+    const auto* p = reinterpret_cast<const unsigned char*>(r.Data().data()) + at;
+    size_t off = kDesignNameLen;
+    zVisitVehicleFields(v, [&](const char*, auto& field) {
+        if constexpr (std::is_same_v<std::remove_reference_t<decltype(field)>, int16_t>) {
+            field = static_cast<int16_t>(static_cast<uint16_t>(p[off] | (p[off + 1] << 8)));
+            off += 2;
+        } else {
+            off += 8;
+        }
+    });
+    r.Seek(at + off);
+    const int16_t n = zReadItemCount(r, kVehicleItemBytes);
+    if (n >= 0) r.Seek(r.Pos() + (static_cast<size_t>(n) + 1) * kVehicleItemBytes);
+    return at;
+}
+
+// A name as the reader gives it: blanks gone from both ends.
+std::string NameAt(const BinaryReader& r, size_t at) {
+    const char* p = r.Data().data() + at;
+    size_t b = 0, e = kDesignNameLen;
+    while (b < e && p[b] == ' ') ++b;
+    while (e > b && p[e - 1] == ' ') --e;
+    return std::string(p + b, e - b);
 }
 
 }  // namespace
@@ -93,21 +130,49 @@ bool zOpenDB(const std::string& path, LoadedDatabase& db) {
 
 bool zSearchDatabase(const std::string& path, const std::vector<SearchCriterion>& criteria,
                      const std::function<void(const SearchMatch&)>& found, const std::function<bool()>& keepGoing) {
-    LoadedDatabase db;
-    if (!zOpenDB(path, db)) return false;
-    if (db.HasVehicles()) {
-        for (size_t i = 0; i < db.vehicles.size(); ++i) {
+    const PreparedCriteria prepared = zPrepareCriteria(criteria);
+    std::vector<SearchMatch> matches;
+    // The designs are read one at a time into one object whose buffers are
+    // reused: a search reads thousands of designs and keeps only the
+    // matches. The matches are handed out only once the whole file has
+    // read, so a damaged file gives no row.
+    const bool ok = zTrap("zOpenDB", false, [&] {
+        BinaryReader r(zReadWholeFile(zNormalizePath(path)));
+        r.Seek(kDbCertificationLen + 2);
+        int16_t n = r.I16();
+        if (n < -1) zRaise(kErrSubscript);
+        Vehicle v;
+        bool present = false;
+        for (int32_t i = 0; i <= n; ++i) {
             if (keepGoing && i % 256 == 255 && !keepGoing()) return true;
-            const Vehicle& v = *db.vehicles[i];
+            size_t nameAt = 0;
+            try {
+                nameAt = ReadForSearch(r, v);
+            } catch (const RunError& e) {
+                zReportError(kLoadProc, e);
+                return false;
+            }
+            // The class is absent when the first design has no name.
+            if (i == 0) present = !NameAt(r, nameAt).empty();
+            if (!present) continue;
             bool matched = false;
-            ProcessVehicle(criteria, v, matched);
+            ProcessVehicle(prepared, v, matched);
             if (matched)
-                found(SearchMatch{v.Name, v.VhlType, v.TechBase, v.TechLevel, v.Tonnage, v.CruiseSpeed, path,
-                                  static_cast<int32_t>(i)});
+                matches.push_back(SearchMatch{NameAt(r, nameAt), v.VhlType, v.TechBase, v.TechLevel, v.Tonnage,
+                                              v.CruiseSpeed, path, i});
         }
-    }
-    if (db.HasFighters())
-        for (const auto& f : db.fighters) ProcessFighter(*f);
+        n = r.I16();
+        if (n < -1) zRaise(kErrSubscript);
+        Fighter f;
+        for (int32_t i = 0; i <= n; ++i) {
+            if (zLoadFighterReported(r, f) != 0) return false;
+            if (i == 0) present = !f.Name.empty();
+            if (present) ProcessFighter(f);
+        }
+        return true;
+    });
+    if (!ok) return false;
+    for (const auto& m : matches) found(m);
     return true;
 }
 

@@ -49,10 +49,11 @@ struct SearchMatch {
     int32_t Index = 0;  // the vehicle's index in its table
 };
 
-// The search of one listed database: zOpenDB, then every vehicle in file
-// order through ProcessVehicle (each match handed to found), then every
-// fighter through ProcessFighter. keepGoing is asked every few hundred
-// designs; false ends the scan. False when the database could not be read.
+// The search of one listed database: every vehicle in file order through
+// ProcessVehicle, then every fighter through ProcessFighter, as zOpenDB
+// reads them; then each match is handed to found. keepGoing is asked every
+// few hundred designs; false ends the scan with the matches so far. A file
+// that fails to read is reported (as zOpenDB does), gives no match and false.
 bool zSearchDatabase(const std::string& path, const std::vector<SearchCriterion>& criteria,
                      const std::function<void(const SearchMatch&)>& found,
                      const std::function<bool()>& keepGoing = {});

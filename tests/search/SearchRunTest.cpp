@@ -95,6 +95,25 @@ TEST(SearchDatabase, MatchesInFileOrderWithTheirIndexAndFightersNever) {
     EXPECT_TRUE(fake.ui.boxes.empty());
 }
 
+TEST(SearchDatabase, ReadsTheFieldsTheExtrasTestFromTheFile) {
+    test::TempDir dir;
+    Vehicle v = Design("Kitted", 0, 3, 3);
+    v.HasMinesweeper = v.HasJumpJet = v.HasBridgeLayer = v.HasSponsonTurrets = -1;
+    v.BridgeLayerType = 2, v.RotorConfig = 2, v.EngineType = 4, v.ArmorType = 3;
+    v.ISTonnage = 1e300;  // the floating figures lie between the flags
+    v.Items = {{1, 1, 0, -1}, {2, 1, 99, -1}, {3, 1, -1, -1}};
+    Vehicle plain = Design("Plain");
+    dir.Write("k.bwd", DbBytes({plain, v, plain}));
+    for (const char* item : {"Minesweeper", "Jump Jets", "Bridgelayer (heavy)", "Sponson Turrets",
+                             "Coaxial Rotor Config", "Engine - Fusion XXL", "Heavy Ferro Fiberous Armor"}) {
+        SearchCriterion c = Any();
+        c.ExtraItems = {item};
+        std::vector<int32_t> found;
+        EXPECT_TRUE(zSearchDatabase(dir.File("k.bwd"), {c}, [&](const SearchMatch& m) { found.push_back(m.Index); }));
+        EXPECT_EQ(found, std::vector<int32_t>{1}) << item;
+    }
+}
+
 TEST(SearchDatabase, ADamagedFileIsReportedAndGivesNoRow) {
     test::TempDir dir;
     const std::string good = DbBytes({Design("A"), Design("B")});
