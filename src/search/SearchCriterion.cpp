@@ -277,9 +277,12 @@ std::array<bool, N> Flags(const json& o, const char* field) {
     if (it == o.end()) return out;
     const std::string what = std::string("\"") + field + "\" must be a list of " + std::to_string(N) + " booleans";
     if (!it->is_array() || it->size() != N) throw BadFile{what};
+    // The program's own truth values, -1 and 0, are taken too.
     for (size_t i = 0; i < N; ++i) {
-        if (!(*it)[i].is_boolean()) throw BadFile{what};
-        out[i] = (*it)[i].get<bool>();
+        const json& e = (*it)[i];
+        if (e.is_boolean()) out[i] = e.get<bool>();
+        else if (e.is_number_integer()) out[i] = e.get<int64_t>() != 0;
+        else throw BadFile{what};
     }
     return out;
 }

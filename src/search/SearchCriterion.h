@@ -60,9 +60,9 @@ void ProcessFighter(const Fighter& f);
 std::array<std::string, 6> zCriterionTexts(const SearchCriterion& c);
 
 // The criteria file: a JSON list of objects with the record's fields
-// (TechBase and TechLevel as lists of booleans, ExtraItems as a list of
-// texts, empty for none). Reading raises nothing: ok is false and error says
-// what is wrong in one line. A field left out takes the value that lets
+// (TechBase and TechLevel as lists of booleans, or of the program's -1 and
+// 0; ExtraItems as a list of texts, empty for none). Reading raises nothing:
+// ok is false and error says what is wrong in one line. A field left out takes the value that lets
 // everything through (all types, both bases, all levels, any tonnage and
 // speed, no extras).
 struct CriteriaFileResult {

@@ -199,7 +199,7 @@ TEST(CriteriaFile, WritesTheRecordAndReadsItBack) {
     // A removed entry is not kept.
     EXPECT_EQ(zCriteriaToJson({With([](auto& c) { c.UnitClass = -1; })}), "[]\n");
     // Fields left out let everything through.
-    const CriteriaFileResult d = zParseCriteria("[{\"Tonnage\": 5}]");
+    const CriteriaFileResult d = zParseCriteria("[{\"Tonnage\": 5, \"TechLevel\": [-1, 1, true]}]");
     ASSERT_TRUE(d.ok);
     SearchCriterion want = Any();
     want.Tonnage = 5;
@@ -222,7 +222,7 @@ TEST(CriteriaFile, ABadFileSaysWhatIsWrongInOneLine) {
         {"[{\"Speed\": 5.5}]", "criterion 1: \"Speed\" must be a whole number from 0 to 32767"},
         {"[{\"SpeedCompare\": 3}]", "criterion 1: \"SpeedCompare\" must be a whole number from 0 to 2"},
         {"[{\"TechBase\": [true]}]", "criterion 1: \"TechBase\" must be a list of 2 booleans"},
-        {"[{\"TechLevel\": [true, 1, false]}]", "criterion 1: \"TechLevel\" must be a list of 3 booleans"},
+        {"[{\"TechLevel\": [true, \"1\", false]}]", "criterion 1: \"TechLevel\" must be a list of 3 booleans"},
         {"[{\"ExtraItems\": \"Turret\"}]", "criterion 1: \"ExtraItems\" must be a list of texts"},
         {"[{\"ExtraItems\": [\"\\u4e2d\"]}]",
          "criterion 1: \"ExtraItems\" holds a text with a character the program cannot store"},

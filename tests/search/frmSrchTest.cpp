@@ -5,6 +5,7 @@
 #include "search/SearchSupport.h"
 #include "search/frmCriteria.h"
 #include "search/frmSrch.h"
+#include "shell/frmMain.h"
 #include "support/FakeFormHost.h"
 #include "support/FakeUi.h"
 #include "support/TempDir.h"
@@ -189,6 +190,24 @@ TEST_F(SrchFixture, OpenSelectedOpensEditorsOnCopies) {
     srch.OpenVehicle = [&](const Vehicle& v) { opened.push_back(v.Name); };
     srch.PButOpenSelected.DoClick();
     EXPECT_EQ(opened, (std::vector<std::string>{"Beta", "Gamma"}));
+}
+
+TEST_F(SrchFixture, TheMainWindowKeepsOneSearchWindowAndOwnsItsEditors) {
+    frmMain main;
+    main.Form_Load();
+    main.mnuSearch.DoClick();
+    main.mnuSearch.DoClick();
+    ASSERT_EQ(host->adopted.size(), 1u);
+    auto* s = host.host.Last<frmSrch>();
+    ASSERT_TRUE(s);
+    EXPECT_EQ(s->Owner, &main);
+    EXPECT_EQ(host->shown, (std::vector<std::string>{"frmSrch", "frmSrch"}));
+    s->OpenVehicle(Design("Found"));
+    auto* editor = host.host.Last<frmVhl>();
+    ASSERT_TRUE(editor);
+    EXPECT_EQ(editor->Owner, &main);
+    EXPECT_EQ(editor->Left, main.Left + 500);  // placed on the cascade
+    s->Unload();
 }
 
 TEST_F(SrchFixture, CriteriaAreSavedAndLoaded) {
