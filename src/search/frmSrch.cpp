@@ -95,6 +95,8 @@ frmSrch::frmSrch() : FormModel("frmSrch") {
     PButDone.Click = [this] { PButDone_Click(); };
     lvResult.ColumnClick = [this](int32_t column) { SortResults(column); };
     lvResult.ItemClick = [this](int32_t) { lvResult_SelectionChanged(); };
+    // A double click opens what is selected, as the button does.
+    lvResult.DblClick = [this] { PButOpenSelected_Click(); };
 }
 
 void frmSrch::SetTab(int16_t tab) {

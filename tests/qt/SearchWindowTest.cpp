@@ -13,13 +13,11 @@
 #include <QTest>
 #include <QTreeWidget>
 
-#include "core/BinaryIO.h"
 #include "core/Globals.h"
-#include "database/DatabaseFile.h"
+#include "search/SearchSupport.h"
 #include "shell/qt/SearchWindow.h"
 #include "support/FakeUi.h"
 #include "support/TempDir.h"
-#include "vehicle/Vehicle.h"
 
 using namespace bw;
 using bw::qt::CriteriaDialog;
@@ -31,37 +29,19 @@ void Shot(QWidget* w, const char* name) {
     if (const char* dir = std::getenv("BW_SHOTS")) w->grab().save(QString(dir) + "/" + name + ".png");
 }
 
-std::string Db(const std::vector<std::tuple<const char*, int, int, int>>& designs) {
-    BinaryWriter w;
-    zWriteDatabaseHeader(w);
-    w.I16(static_cast<int16_t>(designs.size() - 1));
-    for (const auto& [name, base, type, tons] : designs) {
-        Vehicle v;
-        v.Name = name;
-        v.TechBase = static_cast<int16_t>(base);
-        v.TechLevel = 2;
-        v.VhlType = static_cast<int16_t>(type);
-        v.Tonnage = static_cast<int16_t>(tons);
-        v.CruiseSpeed = 5;
-        zWriteVehicleRecord(w, v);
-    }
-    w.I16(-1);
-    return w.Data();
-}
-
 TEST(QtSearch, TabsSelectionCountsAndSorting) {
     test::ScopedFakeUi fake;
     test::TempDir dir;
     gLogFile = "/dev/null";
-    dir.Write("works.bwd", Db({{"Manticore", 0, 0, 60}, {"Harasser", 0, 2, 25}, {"Puma", 1, 0, 80}}));
-    dir.Write("raiders.bwd", Db({{"Savannah Master", 0, 2, 5}, {"Demolisher", 0, 0, 80}}));
+    using test::Design;
+    dir.Write("works.bwd", test::DbBytes({Design("Manticore", 0, 2, 0, 60, 5), Design("Harasser", 0, 2, 2, 25, 5),
+                                          Design("Puma", 1, 2, 0, 80, 5)}));
+    dir.Write("raiders.bwd", test::DbBytes({Design("Savannah Master", 0, 2, 2, 5, 5), Design("Demolisher", 0, 2, 0, 80, 5)}));
     frmSrch m;
     SearchWindow w(m);
     m.zAddDatabase(dir.File("works.bwd"));
     m.zAddDatabase(dir.File("raiders.bwd"));
-    SearchCriterion c;
-    c.TechBase = {true, true};
-    c.TechLevel = {true, true, true};
+    SearchCriterion c = test::Any();
     m.zAddCriterion(c);
     c.MovementType = 2;
     c.Tonnage = 30, c.TonnageCompare = 0, c.ExtraItems = {"No Turret", "Engine - Fusion"};

@@ -128,16 +128,6 @@ TEST(SearchDatabase, ADamagedFileIsReportedAndGivesNoRow) {
     }
 }
 
-TEST(ResultKey, JoinsIndexAndDatabase) {
-    int32_t index = -1;
-    std::string db;
-    ASSERT_TRUE(zParseResultKey(zResultKey(12, "C:\\a|b.bwd"), index, db));
-    EXPECT_EQ(index, 12);
-    EXPECT_EQ(db, "C:\\a|b.bwd");
-    for (const char* bad : {"", "v|x", "w1|x", "v1x", "v99999999999|x", "v-1|x"})
-        EXPECT_FALSE(zParseResultKey(bad, index, db)) << bad;
-}
-
 TEST(CriteriaFuzzCorpus, EveryStoredInputPasses) {
     int files = 0;
     for (const auto& e : std::filesystem::directory_iterator(std::string(BW_SOURCE_DIR) + "/fuzz/corpus-criteria")) {
