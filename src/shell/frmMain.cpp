@@ -20,6 +20,7 @@
 #include "fighter/Fighter.h"
 #include "fighter/frmFtr.h"
 #include "fighter/frmNFtr.h"
+#include "search/frmSrch.h"
 #include "shell/frmAbout.h"
 
 namespace bw {
@@ -62,7 +63,7 @@ frmMain::frmMain() : FormModel("frmMain") {
     SetMenu(mnuDropship, "&Dropship");
     SetMenu(mnuWarship, "&Warship");
     SetMenu(mnuSettings, "&Preferences");
-    SetMenu(mnuSearch, "&Search", false);
+    SetMenu(mnuSearch, "&Search");
     SetMenu(mnuAbout, "&About");
     SetMenu(mnuAboutBW, "The Brasswick Works 3.0");
     // The maintenance commands rebuild reference files; bwtool does that job
@@ -108,6 +109,7 @@ frmMain::frmMain() : FormModel("frmMain") {
         frmSet dlg;
         zShowModal(dlg);
     };
+    mnuSearch.Click = [this] { zShowSearch(); };
     mnuAboutBW.Click = [this] {
         frmAbout dlg;
         zShowModal(dlg);
@@ -293,14 +295,32 @@ void frmMain::zOpenVehicle() {
 
         zPointerWait();
         waiting = true;
-        auto editor = frmVhl::zOpenDesign(*gVehicles[static_cast<size_t>(sel)]);
-        zSetStartPos(editor->Left, editor->Top, editor->Width, editor->Height);
-        editor->SSTab1_Click(0);
-        zShowEditor(std::move(editor));
+        zOpenStoredVehicle(*gVehicles[static_cast<size_t>(sel)]);
         zPointerNormal();
         waiting = false;
     });
     if (waiting) zPointerNormal();
+}
+
+void frmMain::zOpenStoredVehicle(const Vehicle& stored) {
+    auto editor = frmVhl::zOpenDesign(stored);
+    zSetStartPos(editor->Left, editor->Top, editor->Width, editor->Height);
+    editor->SSTab1_Click(0);
+    zShowEditor(std::move(editor));
+}
+
+void frmMain::zShowSearch() {
+    zTrapVoid("mnuSearch_Click", [&] {
+        // One search window: a second command brings the first back.
+        for (FormModel* f : gForms())
+            if (f->FormName() == "frmSrch") {
+                f->Show();
+                return;
+            }
+        auto srch = std::make_unique<frmSrch>();
+        srch->OpenVehicle = [this](const Vehicle& v) { zOpenStoredVehicle(v); };
+        zShowModeless(std::move(srch), this);
+    });
 }
 
 namespace {

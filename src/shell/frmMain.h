@@ -108,6 +108,11 @@ public:
     // dialog, Open on a copy, Delete through the picker.
     void zNewFighter();
     void zOpenFighter();
+    // An editor on a copy of a stored design (of the open database or of
+    // any other), placed on the cascade.
+    void zOpenStoredVehicle(const Vehicle& stored);
+    // The Search window, one at a time.
+    void zShowSearch();
     void zDeleteFighter();
     // The save command of the editors: asks before overwriting a design of
     // the same name, type and base, then stores and saves; ok is false when

@@ -74,7 +74,8 @@ TEST_F(MainFixture, MenuCaptionsAreTheProgramsOwn) {
     EXPECT_EQ(m.mnuSpecialArmorArrayCreator.Caption(), "Display Armor Array Creator");
     // Commands of later work are disabled, not faked.
     EXPECT_FALSE(m.mnuFighterMultiPrint.Enabled());
-    EXPECT_FALSE(m.mnuSearch.Enabled());
+    EXPECT_TRUE(m.mnuSearch.Enabled());
+    EXPECT_EQ(m.mnuSearch.Caption(), "&Search");
     // The Dropship and Warship menus hold no items.
     for (auto& menu : m.Menus())
         if (menu.menu == &m.mnuDropship || menu.menu == &m.mnuWarship) {

@@ -18,6 +18,7 @@
 #include "shell/qt/NewVehicleDialog.h"
 #include "shell/qt/PickerDialog.h"
 #include "shell/qt/PrintDialogs.h"
+#include "shell/qt/SearchWindow.h"
 #include "shell/qt/SettingsDialog.h"
 #include "shell/qt/StatsWindow.h"
 #include "shell/qt/VehicleEditor.h"
@@ -91,6 +92,8 @@ void zInstallQtForms() {
     Add<frmPVhl, PrintVehicleDialog>("frmPVhl");
     Add<frmPrintSel, PrintFormatDialog>("frmPrintSel");
     zInstallQtPrinting();
+    Add<frmCriteria, CriteriaDialog>("frmCriteria");
+    Add<frmSrch, SearchWindow>("frmSrch");
     // Editors are windows of their own, several at once, placed where the
     // main window's cascade put them.
     host.Register("frmVhl", [](FormModel& f, QWidget*) -> QWidget* {
