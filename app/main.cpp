@@ -4,6 +4,8 @@
 
 #include "core/Globals.h"
 #include "core/Startup.h"
+#include "databuild/DiagramSources.h"
+#include "shell/DotFiles.h"
 #include "shell/qt/QtSettingsStore.h"
 #include "shell/qt/QtUi.h"
 #include "shell/qt/Startup.h"
@@ -18,6 +20,8 @@ int main(int argc, char** argv) {
     static bw::qt::QtSettingsStore store;
     bw::SetUi(&ui);
     bw::SetSettingsStore(&store);
+    // The Special menu's table commands lay out the dots as the build does.
+    bw::zSetDotTableBuilder(&bw::BuildDotTables);
 
     bw::qt::QtStartupHost host;
     // While the tables load, each step lets the window system run; that is

@@ -84,6 +84,13 @@ void TextBox::SetText(const std::string& t) {
     if (Change) Change();
 }
 
+void TextBox::Select(int32_t start, int32_t length) {
+    selStart_ = start;
+    selLength_ = length;
+    ++selRequests_;
+    Notify();
+}
+
 // ---- CheckBox ----
 void CheckBox::SetValue(int16_t v) {
     if (v < 0 || v > 2) zRaise(kErrInvalidPropertyValue, "Invalid property value");
@@ -338,6 +345,12 @@ void PictureBox::SetPicture(const std::string& p) {
 void MenuItem::SetChecked(bool c) {
     if (c == checked_) return;
     checked_ = c;
+    Notify();
+}
+
+void MenuItem::SetToolTip(const std::string& t) {
+    if (t == toolTip_) return;
+    toolTip_ = t;
     Notify();
 }
 

@@ -140,8 +140,16 @@ public:
 
     std::function<void()> Change;
 
+    // A selection the program asks for (characters from start); the window
+    // applies each request once, so the user's own typing is left alone.
+    void Select(int32_t start, int32_t length);
+    int32_t SelStart() const { return selStart_; }
+    int32_t SelLength() const { return selLength_; }
+    int32_t SelectRequests() const { return selRequests_; }
+
 private:
     std::string text_;
+    int32_t selStart_ = 0, selLength_ = 0, selRequests_ = 0;
 };
 
 class Label : public Control {
@@ -358,9 +366,13 @@ public:
         if (Enabled() && Visible() && Click) Click();
     }
     std::function<void()> Click;
+    // Shown when the pointer rests on the item; empty: none.
+    const std::string& ToolTip() const { return toolTip_; }
+    void SetToolTip(const std::string& t);
 
 private:
     bool checked_ = false;
+    std::string toolTip_;
 };
 
 }  // namespace bw

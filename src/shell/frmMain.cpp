@@ -21,6 +21,8 @@
 #include "fighter/frmFtr.h"
 #include "fighter/frmNFtr.h"
 #include "search/frmSrch.h"
+#include "sheets/frmAAMaker.h"
+#include "shell/DotFiles.h"
 #include "shell/frmAbout.h"
 
 namespace bw {
@@ -33,6 +35,9 @@ std::unique_ptr<FormModel> zFighterCostForm(frmFtr& editor) {
     zFillFighterCost(*editor.FTR, *form);
     return form;
 }
+
+// The tool tip of the commands this program does not have.
+constexpr const char* kNotAvailable = "Not available in this version of The Brasswick Works.";
 
 void SetMenu(MenuItem& m, const char* caption, bool enabled = true, bool visible = true) {
     m.SetCaption(caption);
@@ -66,8 +71,8 @@ frmMain::frmMain() : FormModel("frmMain") {
     SetMenu(mnuSearch, "&Search");
     SetMenu(mnuAbout, "&About");
     SetMenu(mnuAboutBW, "The Brasswick Works 3.0");
-    // The maintenance commands rebuild reference files; bwtool does that job
-    // here, so they stay disabled even when the menu is revealed.
+    // The Special menu: the dot table files and the Armor Array Creator
+    // work; the other maintenance commands are not part of this program.
     SetMenu(mnuSpecial, "&Special", false, false);
     SetMenu(mnuSpecialImport, "&Import tabbed data", false);
     SetMenu(mnuSpecialWriteData, "Write new datafile", false);
@@ -75,9 +80,13 @@ frmMain::frmMain() : FormModel("frmMain") {
     SetMenu(mnuSpecialNavalItems, "Import and Create Naval Items", false);
     SetMenu(mnuSpecialImportOld, "Import Old Weapons.Dat", false);
     SetMenu(mnuSpecialCreateConvTable, "Create item conversion table", false);
-    SetMenu(mnuSpecialCreateArmor, "Create Armor File", false);
-    SetMenu(mnuSpecialCreateInternal, "Create Internal File", false);
-    SetMenu(mnuSpecialArmorArrayCreator, "Display Armor Array Creator", false);
+    SetMenu(mnuSpecialCreateArmor, "Create Armor File");
+    SetMenu(mnuSpecialCreateInternal, "Create Internal File");
+    SetMenu(mnuSpecialArmorArrayCreator, "Display Armor Array Creator");
+    for (MenuItem* m : {&mnuFileOpenV2, &mnuFighterPrintBSpace, &mnuSpecialImport, &mnuSpecialWriteData,
+                        &mnuSpecialNavalWeapons, &mnuSpecialNavalItems, &mnuSpecialImportOld,
+                        &mnuSpecialCreateConvTable})
+        m->SetToolTip(kNotAvailable);
 
     TBarMain = {
         {"butVHLNew", "New Vehicle", true, "vehicle", "new"},
@@ -114,6 +123,9 @@ frmMain::frmMain() : FormModel("frmMain") {
         frmAbout dlg;
         zShowModal(dlg);
     };
+    mnuSpecialCreateArmor.Click = [] { zCreateDotFile(false); };
+    mnuSpecialCreateInternal.Click = [] { zCreateDotFile(true); };
+    mnuSpecialArmorArrayCreator.Click = [this] { zShowModeless(std::make_unique<frmAAMaker>(), this); };
 
     PBarMainProg.SetVisible(false);
     LProgInfo.SetVisible(false);

@@ -2,6 +2,8 @@
 
 #include <QAction>
 #include <QHeaderView>
+#include <QApplication>
+#include <QLineEdit>
 #include <QListWidget>
 #include <QProgressBar>
 #include <QRadioButton>
@@ -82,6 +84,11 @@ TEST(QtMainWindow, TitleMenusAndToolbarComeFromTheModel) {
     // Multi-print arrives with the record sheets: disabled, not faked.
     EXPECT_FALSE(w.ActionFor(model.mnuFighterMultiPrint)->isEnabled());
     EXPECT_FALSE(w.ActionFor(model.mnuSpecial)->isVisible());
+    // A command this program lacks is disabled and its menu shows why.
+    QAction* v2 = w.ActionFor(model.mnuFileOpenV2);
+    EXPECT_FALSE(v2->isEnabled());
+    EXPECT_EQ(v2->toolTip(), "Not available in this version of The Brasswick Works.");
+    EXPECT_TRUE(w.ActionFor(model.mnuFile)->menu()->toolTipsVisible());
     // A DropShip button reaches the model's notice through the real toolbar.
     QAction* ds = w.ToolAction("butNewDS");
     ASSERT_NE(ds, nullptr);
@@ -94,6 +101,20 @@ TEST(QtMainWindow, TitleMenusAndToolbarComeFromTheModel) {
     model.Window.SetCaption("The Brasswick Works 3.0 - /tmp/x.bwd");
     EXPECT_EQ(w.windowTitle(), "The Brasswick Works 3.0 - /tmp/x.bwd");
     zResetDatabase();
+}
+
+TEST(QtBinding, ATextBoxSelectsWhatTheModelAsksOnce) {
+    TextBox model("TX");
+    model.SetText("1234");
+    QLineEdit w;
+    qt::BindTextBox(&w, model);
+    model.Select(1, 2);
+    QApplication::processEvents();
+    EXPECT_EQ(w.selectedText(), "23");
+    w.setCursorPosition(4);  // the user moves on; a later change keeps it
+    model.SetText("12345");
+    QApplication::processEvents();
+    EXPECT_EQ(w.selectedText(), "");
 }
 
 TEST(QtBinding, ListViewRowsHeadersClicksAndSort) {

@@ -16,6 +16,7 @@
 #include "evaluation/frmCost.h"
 #include "evaluation/frmVStat.h"
 #include "refdata/Weapons.h"
+#include "sheets/frmAAMaker.h"
 #include "shell/frmAbout.h"
 #include "shell/frmMain.h"
 #include "shell/frmVOpen.h"
@@ -119,6 +120,9 @@ TEST(QtWindowSize, EveryWindowFitsAtItsMinimum) {
     frmAbout about;
     Fits(Shown(about), "frmAbout");
     about.Unload();
+    frmAAMaker maker;
+    Fits(Shown(maker), "frmAAMaker");
+    maker.Unload();
 
     QApplication::processEvents();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);

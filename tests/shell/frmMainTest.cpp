@@ -7,6 +7,7 @@
 #include "core/Settings.h"
 #include "database/DatabaseOps.h"
 #include "core/Config.h"
+#include "sheets/frmAAMaker.h"
 #include "shell/frmAbout.h"
 #include "shell/frmMain.h"
 #include "support/AppFolder.h"
@@ -81,6 +82,28 @@ TEST_F(MainFixture, MenuCaptionsAreTheProgramsOwn) {
         if (menu.menu == &m.mnuDropship || menu.menu == &m.mnuWarship) {
             EXPECT_TRUE(menu.items.empty());
         }
+}
+
+TEST_F(MainFixture, CommandsNotInThisProgramAreDisabledAndSaySo) {
+    ScopedFakeFormHost host;
+    frmMain m;
+    const std::string why = "Not available in this version of The Brasswick Works.";
+    const std::pair<MenuItem*, bool> items[] = {
+        {&m.mnuFileOpenV2, false},           {&m.mnuFighterPrintBSpace, false},
+        {&m.mnuSpecialImport, false},        {&m.mnuSpecialWriteData, false},
+        {&m.mnuSpecialNavalWeapons, false},  {&m.mnuSpecialNavalItems, false},
+        {&m.mnuSpecialImportOld, false},     {&m.mnuSpecialCreateConvTable, false},
+        {&m.mnuSpecialCreateArmor, true},    {&m.mnuSpecialCreateInternal, true},
+        {&m.mnuSpecialArmorArrayCreator, true}, {&m.mnuFileOpne, true},
+    };
+    for (const auto& [item, works] : items) {
+        EXPECT_EQ(item->Enabled(), works) << item->Name;
+        EXPECT_EQ(item->ToolTip(), works ? "" : why) << item->Name;
+    }
+    m.mnuSpecialArmorArrayCreator.DoClick();
+    EXPECT_EQ(host->shown, std::vector<std::string>{"frmAAMaker"});
+    ASSERT_NE(host->Last<frmAAMaker>(), nullptr);
+    EXPECT_EQ(host->Last<frmAAMaker>()->Owner, &m);
 }
 
 TEST_F(MainFixture, DropShipAndWarShipButtonsShowTheNotice) {

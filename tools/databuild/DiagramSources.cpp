@@ -35,19 +35,15 @@ bool WriteFile(const std::filesystem::path& path, const std::string& text, std::
     }
 }
 
-}  // namespace
-
-// Every diagram source under dataDir/diagrams gives its pictures (written to
-// outDir/bwp, editor plan views to outDir/bwp/editor) and, for each diagram
-// code it names, one armor and one structure record per location.
-bool BuildDiagramData(const std::string& dataDir, const std::string& outDir, std::vector<DotRecord>& armor,
-                      std::vector<DotRecord>& internal, std::string& error) {
+// Reads every source of the folder and lays out the two tables; the sources
+// stay for the pictures.
+bool BuildTables(const std::string& diagramsDir, std::vector<DiagramSource>& sources, std::vector<DotRecord>& armor,
+                 std::vector<DotRecord>& internal, std::string& error) {
     armor.clear();
     internal.clear();
-    std::vector<DiagramSource> sources;
-    if (!zReadDiagramFolder(zJoinPath(dataDir, "diagrams"), sources, error)) return false;
+    if (!zReadDiagramFolder(diagramsDir, sources, error)) return false;
     if (sources.empty()) {
-        error = zJoinPath(dataDir, "diagrams") + ": no diagram sources";
+        error = diagramsDir + ": no diagram sources";
         return false;
     }
 
@@ -82,6 +78,24 @@ bool BuildDiagramData(const std::string& dataDir, const std::string& outDir, std
     };
     std::sort(armor.begin(), armor.end(), byKey);
     std::sort(internal.begin(), internal.end(), byKey);
+    return true;
+}
+
+}  // namespace
+
+bool BuildDotTables(const std::string& diagramsDir, std::vector<DotRecord>& armor, std::vector<DotRecord>& internal,
+                    std::string& error) {
+    std::vector<DiagramSource> sources;
+    return BuildTables(diagramsDir, sources, armor, internal, error);
+}
+
+// Every diagram source under dataDir/diagrams gives its pictures (written to
+// outDir/bwp, editor plan views to outDir/bwp/editor) and, for each diagram
+// code it names, one armor and one structure record per location.
+bool BuildDiagramData(const std::string& dataDir, const std::string& outDir, std::vector<DotRecord>& armor,
+                      std::vector<DotRecord>& internal, std::string& error) {
+    std::vector<DiagramSource> sources;
+    if (!BuildTables(zJoinPath(dataDir, "diagrams"), sources, armor, internal, error)) return false;
 
     namespace fs = std::filesystem;
     const fs::path art = fs::path(zNormalizePath(outDir)) / "bwp";

@@ -14,5 +14,8 @@ namespace bw {
 // line at fault.
 bool BuildDiagramData(const std::string& dataDir, const std::string& outDir, std::vector<DotRecord>& armor,
                       std::vector<DotRecord>& internal, std::string& error);
+// The two tables alone, from the sources of one folder; writes nothing.
+bool BuildDotTables(const std::string& diagramsDir, std::vector<DotRecord>& armor, std::vector<DotRecord>& internal,
+                    std::string& error);
 
 }  // namespace bw

@@ -94,10 +94,19 @@ private:
 }  // namespace
 
 void BindTextBox(QLineEdit* w, TextBox& c) {
-    Watch(w, c, [&c](QLineEdit* x) {
+    auto selected = std::make_shared<int32_t>(c.SelectRequests());
+    Watch(w, c, [&c, selected](QLineEdit* x) {
         QSignalBlocker b(x);
         QString t = FromModel(c.Text());
         if (x->text() != t) x->setText(t);
+        if (*selected != c.SelectRequests()) {
+            *selected = c.SelectRequests();
+            // After the event at hand: a click that gave the focus places
+            // the cursor once the focus has arrived, which would undo it.
+            QTimer::singleShot(0, x, [x, start = c.SelStart(), length = c.SelLength()] {
+                x->setSelection(start, length);
+            });
+        }
         x->setVisible(c.Visible());
         x->setEnabled(c.Enabled());
         x->setReadOnly(c.Locked);
@@ -435,6 +444,7 @@ void BindMenuItem(QAction* a, MenuItem& c) {
         x->setVisible(c.Visible());
         x->setCheckable(c.Checked());
         x->setChecked(c.Checked());
+        x->setToolTip(FromModel(c.ToolTip()));
     };
     Watch(a, c, [refresh](QAction* x) { refresh(x); });
     QObject::connect(a, &QAction::triggered, [&c] { c.DoClick(); });

@@ -82,6 +82,8 @@ void MainWindow::BuildMenus() {
             continue;
         }
         QMenu* menu = menuBar()->addMenu(QString());
+        // A disabled item says why in its tool tip.
+        menu->setToolTipsVisible(true);
         BindMenuItem(menu->menuAction(), *m.menu);
         actions_.push_back({m.menu, menu->menuAction()});
         for (MenuItem* item : m.items) {

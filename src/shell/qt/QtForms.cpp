@@ -2,12 +2,19 @@
 // name. Every model reaches its window through the form host.
 #include <QDialogButtonBox>
 #include <QFont>
+#include <QFontDatabase>
+#include <QGridLayout>
+#include <QHBoxLayout>
 #include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
 #include <QPushButton>
+#include <QRadioButton>
 #include <QVBoxLayout>
 #include <QtGlobal>
 
 #include "core/frmSet.h"
+#include "sheets/frmAAMaker.h"
 #include "shell/frmAbout.h"
 #include "shell/qt/AllocationDialog.h"
 #include "shell/qt/Binders.h"
@@ -67,6 +74,63 @@ public:
     }
 };
 
+// The Armor Array Creator: the six fields in pairs, the walk, and the list
+// of pairs to copy from.
+class AAMakerDialog : public BoundDialog {
+public:
+    AAMakerDialog(frmAAMaker& model, QWidget* parent) : BoundDialog(model, parent), model_(model) {
+        setObjectName("frmAAMaker");
+        auto* outer = new QVBoxLayout(this);
+        auto* grid = new QGridLayout;
+        const std::pair<Label*, TextBox*> fields[] = {
+            {&model.LX, &model.TX},           {&model.LY, &model.TY},
+            {&model.LXOffset, &model.TXOffset}, {&model.LYOffset, &model.TYOffset},
+            {&model.LXLen, &model.TXLen},     {&model.LYLen, &model.TYLen},
+        };
+        int n = 0;
+        for (const auto& [label, box] : fields) {
+            auto* l = new QLabel(this);
+            BindLabel(l, *label);
+            auto* e = MakeBound<QLineEdit>(*box, this, BindTextBox);
+            e->setMaximumWidth(80);
+            l->setBuddy(e);
+            grid->addWidget(l, n / 2, (n % 2) * 2);
+            grid->addWidget(e, n / 2, (n % 2) * 2 + 1);
+            ++n;
+        }
+        outer->addLayout(grid);
+        auto* walk = new QHBoxLayout;
+        for (OptionButton& b : model.RButAlter) walk->addWidget(MakeBound<QRadioButton>(b, this, BindOption));
+        walk->addStretch();
+        outer->addLayout(walk);
+
+        auto* data = new QPlainTextEdit(this);
+        data->setObjectName("TData");
+        data->setReadOnly(true);
+        data->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+        Watch(data, model.TData, [&model](QPlainTextEdit* x) {
+            x->setPlainText(FromModel(model.TData.Text()).replace("\r\n", "\n"));
+        });
+        outer->addWidget(data, 1);
+
+        auto* buttons = new QDialogButtonBox(this);
+        for (CommandButton* c : {&model.PButGo, &model.PButMakeMid, &model.PButClose}) {
+            auto* b = MakeBound<QPushButton>(*c, this, BindButton);
+            b->setAutoDefault(false);
+            buttons->addButton(b, c->Cancel ? QDialogButtonBox::RejectRole : QDialogButtonBox::ActionRole);
+        }
+        outer->addWidget(buttons);
+        resize(360, 420);
+    }
+
+protected:
+    // A tool window: closing it ends it.
+    void Dismiss() override { model_.Unload(); }
+
+private:
+    frmAAMaker& model_;
+};
+
 template <class Model, class Window>
 void Add(const std::string& name) {
     QtFormHost::Instance().Register(
@@ -89,6 +153,7 @@ void zInstallQtForms() {
     Add<frmWData, WDataDialog>("frmWData");
     Add<frmSet, SettingsDialog>("frmSet");
     Add<frmAbout, AboutDialog>("frmAbout");
+    Add<frmAAMaker, AAMakerDialog>("frmAAMaker");
     Add<frmPVhl, PrintVehicleDialog>("frmPVhl");
     Add<frmPrintSel, PrintFormatDialog>("frmPrintSel");
     zInstallQtPrinting();
