@@ -15,10 +15,13 @@ namespace bw {
 
 void zCheckTextBox(TextBox& box, int16_t lower, int16_t upper, bool strip) {
     std::string t = box.Text();
+    // Each correction tells the user with a beep.
     if (!zIsNumeric(t)) {
+        gUi().Beep();
         t = std::to_string(lower);
     } else {
         const double v = std::strtod(t.c_str(), nullptr);
+        if (v > upper || v < lower) gUi().Beep();
         if (v > upper) t = std::to_string(upper);
         else if (v < lower) t = std::to_string(lower);
     }

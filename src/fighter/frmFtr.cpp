@@ -394,12 +394,7 @@ void frmFtr::zCorrectRating() {
     else if (FTR->EngineRating >= 401) scrlThrust.StepDown();
 }
 
-void frmFtr::zCheckBeep(TextBox& box, int16_t lower, int16_t upper) {
-    const std::string& t = box.Text();
-    const double v = TextValue(t);
-    if (!zIsNumeric(t) || v < lower || v > upper) gUi().Beep();
-    zCheckTextBox(box, lower, upper, true);
-}
+void frmFtr::zCheckBeep(TextBox& box, int16_t lower, int16_t upper) { zCheckTextBox(box, lower, upper, true); }
 
 void frmFtr::scrlTonnage_Change() {
     if (wLoading != 0) return;

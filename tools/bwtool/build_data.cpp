@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "Commands.h"
+#include "Options.h"
 #include "core/BinaryIO.h"
 #include "core/Errors.h"
 #include "core/Globals.h"
@@ -41,8 +42,14 @@ int Fail(const std::string& msg) {
     return 1;
 }
 
-int RunBuildData(const std::vector<std::string>& args) {
-    if (args.size() != 2) return Fail("usage: build-data DATA_DIR OUT_DIR");
+int RunBuildData(const std::vector<std::string>& options) {
+    QCommandLineParser parser;
+    std::vector<std::string> args;
+    if (const int rc = bwtool::ParseCommand(parser, "build-data", options,
+                                            {{"DATA_DIR", "the reference sources"}, {"OUT_DIR", "where the files go"}},
+                                            2, 2, "bwtool build-data: usage: build-data DATA_DIR OUT_DIR", args, 1);
+        rc >= 0)
+        return rc;
     const std::string dataDir = args[0];
     const std::string outDir = args[1];
 

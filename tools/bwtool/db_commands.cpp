@@ -1,10 +1,15 @@
 // bwtool check / dump / copy: database files from the command line.
+#include <cmath>
 #include <cstdio>
+#include <cstring>
 #include <string>
 #include <vector>
 
+#include <nlohmann/json.hpp>
+
 #include "Commands.h"
 #include "ConsoleUi.h"
+#include "Options.h"
 #include "core/Codepage.h"
 #include "core/BinaryIO.h"
 #include "core/Errors.h"
@@ -28,11 +33,12 @@ bool ReadWhole(const std::string& path, std::string& bytes) {
     }
 }
 
-int RunCheck(const std::vector<std::string>& args) {
-    if (args.size() != 1) {
-        std::fprintf(stderr, "usage: bwtool check FILE\n");
-        return 2;
-    }
+int RunCheck(const std::vector<std::string>& options) {
+    QCommandLineParser parser;
+    std::vector<std::string> args;
+    const int parsed = bwtool::ParseCommand(parser, "check", options, {{"FILE", "the database file"}}, 1, 1,
+                                            "usage: bwtool check FILE", args);
+    if (parsed >= 0) return parsed;
     std::string bytes;
     if (!ReadWhole(args[0], bytes)) {
         std::printf("%s: cannot be read\n", args[0].c_str());
@@ -43,116 +49,139 @@ int RunCheck(const std::vector<std::string>& args) {
     return c.ok ? 0 : 1;
 }
 
-// JSON text of Windows-1252 bytes: converted to UTF-8 so that any JSON
-// reader accepts it, with quotes, backslashes and control characters
-// escaped; a byte the code page leaves unassigned keeps the C1 control of
-// its number, escaped too.
-std::string JsonText(const std::string& s) {
-    std::string out = "\"";
-    for (char ch : s) {
-        const auto c = static_cast<unsigned char>(ch);
-        const bool unassigned = c == 0x81 || c == 0x8D || c == 0x8F || c == 0x90 || c == 0x9D;
-        if (c == '"' || c == '\\') {
-            out += '\\';
-            out += ch;
-        } else if (c < 0x20 || c == 0x7F || unassigned) {
-            char buf[8];
-            std::snprintf(buf, sizeof buf, "\\u%04x", static_cast<unsigned>(c));
-            out += buf;
-        } else {
-            out += bw::zCp1252ToUtf8(std::string(1, ch));
-        }
-    }
-    return out + "\"";
+using Json = nlohmann::ordered_json;
+
+// A number as the dump has always shown it: whole values without a
+// fraction, and JSON's missing NaN and infinities as strings (a damaged
+// file may hold them).
+Json Number(double d) {
+    if (d != d) return "NaN";
+    if (std::isinf(d)) return d > 0 ? "Infinity" : "-Infinity";
+    if (d == std::trunc(d) && std::fabs(d) < 1e15) return static_cast<int64_t>(d);
+    return d;
 }
 
-std::string JsonNumber(double d) {
-    // JSON has no NaN or infinity; a damaged file may hold them.
-    if (d != d) return "\"NaN\"";
-    if (d == 1.0 / 0.0) return "\"Infinity\"";
-    if (d == -1.0 / 0.0) return "\"-Infinity\"";
-    char buf[40];
-    std::snprintf(buf, sizeof buf, "%.17g", d);
-    return buf;
+// A Windows-1252 text as UTF-8, so any JSON reader accepts it; a byte the
+// code page leaves unassigned keeps the C1 control of its number.
+Json Text(const std::string& s) {
+    std::string out;
+    for (char ch : s) {
+        const auto c = static_cast<unsigned char>(ch);
+        if (c == 0x81 || c == 0x8D || c == 0x8F || c == 0x90 || c == 0x9D) out += {'\xC2', ch};
+        else out += bw::zCp1252ToUtf8(std::string(1, ch));
+    }
+    return out;
+}
+
+// The library's text, with every control character (C0, DEL and C1) as a
+// \u escape, the style the dump has always used, so no raw control byte
+// reaches a terminal.
+std::string Line(const Json& j) {
+    const std::string in = j.dump();
+    std::string out;
+    char buf[8];
+    auto escape = [&](unsigned c) {
+        std::snprintf(buf, sizeof buf, "\\u%04x", c);
+        out += buf;
+    };
+    for (size_t i = 0; i < in.size(); ++i) {
+        const auto c = static_cast<unsigned char>(in[i]);
+        if (c == '\\' && i + 1 < in.size()) {
+            const char e = in[++i];
+            switch (e) {
+                case 'b': escape('\b'); break;
+                case 't': escape('\t'); break;
+                case 'n': escape('\n'); break;
+                case 'f': escape('\f'); break;
+                case 'r': escape('\r'); break;
+                default: out += {'\\', e};
+            }
+        } else if (c == 0x7F) {
+            escape(c);
+        } else if (c == 0xC2 && i + 1 < in.size() && static_cast<unsigned char>(in[i + 1]) >= 0x80 &&
+                   static_cast<unsigned char>(in[i + 1]) <= 0x9F) {
+            escape(static_cast<unsigned char>(in[++i]));
+        } else {
+            out += in[i];
+        }
+    }
+    return out;
 }
 
 struct JsonFields {
-    std::string& out;
-    void operator()(const char* name, int16_t v) const { out += ",\"" + std::string(name) + "\":" + std::to_string(v); }
-    void operator()(const char* name, double v) const { out += ",\"" + std::string(name) + "\":" + JsonNumber(v); }
+    Json& out;
+    void operator()(const char* name, int16_t v) const { out[name] = v; }
+    void operator()(const char* name, double v) const { out[name] = Number(v); }
 };
 
 // Lists show what the file holds: nothing when element 0 is not in use
 // (count field -1), though the program reads that as one empty element.
-std::string WeaponList(const std::vector<bw::FighterWeapon>& list) {
-    std::string out = "[";
+Json WeaponList(const std::vector<bw::FighterWeapon>& list) {
+    Json out = Json::array();
     const size_t n = !list.empty() && list[0].wActive == bw::kTrue ? list.size() : 0;
     for (size_t i = 0; i < n; ++i) {
         const auto& e = list[i];
-        if (i) out += ",";
-        out += "{\"wIdx\":" + std::to_string(e.wIdx) + ",\"wNum\":" + std::to_string(e.wNum) +
-               ",\"wBase\":" + std::to_string(e.wBase) + ",\"wActive\":" + std::to_string(e.wActive) +
-               ",\"wSlot\":" + std::to_string(e.wSlot) + ",\"wLoc\":" + std::to_string(e.wLoc) + "}";
+        out.push_back({{"wIdx", e.wIdx}, {"wNum", e.wNum}, {"wBase", e.wBase}, {"wActive", e.wActive},
+                       {"wSlot", e.wSlot}, {"wLoc", e.wLoc}});
     }
-    return out + "]";
+    return out;
 }
 
 template <class T>
-std::string Array6(const std::array<T, bw::kOmniConfigs>& a) {
-    std::string out = "[";
-    for (size_t i = 0; i < a.size(); ++i) {
-        if (i) out += ",";
-        if constexpr (std::is_same_v<T, double>) out += JsonNumber(a[i]);
-        else out += std::to_string(a[i]);
+Json Array6(const std::array<T, bw::kOmniConfigs>& a) {
+    Json out = Json::array();
+    for (const T& x : a) {
+        if constexpr (std::is_same_v<T, double>) out.push_back(Number(x));
+        else out.push_back(x);
     }
-    return out + "]";
+    return out;
 }
 
-std::string DumpVehicle(const bw::Vehicle& v, size_t index) {
-    std::string out = "{\"kind\":\"vehicle\",\"index\":" + std::to_string(index) + ",\"Name\":" + JsonText(v.Name);
+Json DumpVehicle(const bw::Vehicle& v, size_t index) {
+    Json out = {{"kind", "vehicle"}, {"index", index}, {"Name", Text(v.Name)}};
     bw::zVisitVehicleFields(v, JsonFields{out});
-    out += ",\"Items\":[";
+    Json items = Json::array();
     const size_t n = !v.Items.empty() && v.Items[0].wStatus == bw::kTrue ? v.Items.size() : 0;
     for (size_t i = 0; i < n; ++i) {
         const auto& it = v.Items[i];
-        if (i) out += ",";
-        out += "{\"wType\":" + std::to_string(it.wType) + ",\"wNum\":" + std::to_string(it.wNum) +
-               ",\"wLoc\":" + std::to_string(it.wLoc) + ",\"wStatus\":" + std::to_string(it.wStatus) + "}";
+        items.push_back({{"wType", it.wType}, {"wNum", it.wNum}, {"wLoc", it.wLoc}, {"wStatus", it.wStatus}});
     }
-    return out + "]}";
+    out["Items"] = std::move(items);
+    return out;
 }
 
-std::string DumpFighter(const bw::Fighter& f, size_t index) {
-    std::string out = "{\"kind\":\"fighter\",\"index\":" + std::to_string(index) + ",\"Name\":" + JsonText(f.Name);
+Json DumpFighter(const bw::Fighter& f, size_t index) {
+    Json out = {{"kind", "fighter"}, {"index", index}, {"Name", Text(f.Name)}};
     bw::zVisitFighterHead(f, JsonFields{out});
     if (f.FighterType != 2) {
         bw::zVisitFighterPlainTail(f, JsonFields{out});
-        out += ",\"Weapons\":" + WeaponList(f.Weapons);
-        return out + "}";
+        out["Weapons"] = WeaponList(f.Weapons);
+        return out;
     }
-    out += ",\"OmniBaseLocked\":" + std::to_string(f.OmniBaseLocked);
-    out += ",\"OmniHasTC\":" + Array6(f.OmniHasTC);
-    out += ",\"OmniTCTonnage\":" + Array6(f.OmniTCTonnage);
-    out += ",\"OmniTCLocation\":" + Array6(f.OmniTCLocation);
-    out += ",\"OmniWeaponHeat\":" + Array6(f.OmniWeaponHeat);
-    out += ",\"OmniWeaponTonnage\":" + Array6(f.OmniWeaponTonnage);
-    out += ",\"OmniTotalTonnage\":" + Array6(f.OmniTotalTonnage);
-    out += ",\"OmniFreeTonnage\":" + Array6(f.OmniFreeTonnage);
-    out += ",\"OmniWeapons\":[";
-    for (size_t c = 0; c < f.OmniWeapons.size(); ++c) out += (c ? "," : "") + WeaponList(f.OmniWeapons[c]);
-    out += "]";
-    out += ",\"OmniConfigUsed\":" + Array6(f.OmniConfigUsed);
-    out += ",\"OmniFuelTonnage\":" + Array6(f.OmniFuelTonnage);
-    out += ",\"OmniHeatSinks\":" + Array6(f.OmniHeatSinks);
-    out += ",\"OmniHeatSinkTonnage\":" + Array6(f.OmniHeatSinkTonnage);
-    return out + "}";
+    out["OmniBaseLocked"] = f.OmniBaseLocked;
+    out["OmniHasTC"] = Array6(f.OmniHasTC);
+    out["OmniTCTonnage"] = Array6(f.OmniTCTonnage);
+    out["OmniTCLocation"] = Array6(f.OmniTCLocation);
+    out["OmniWeaponHeat"] = Array6(f.OmniWeaponHeat);
+    out["OmniWeaponTonnage"] = Array6(f.OmniWeaponTonnage);
+    out["OmniTotalTonnage"] = Array6(f.OmniTotalTonnage);
+    out["OmniFreeTonnage"] = Array6(f.OmniFreeTonnage);
+    Json configs = Json::array();
+    for (const auto& list : f.OmniWeapons) configs.push_back(WeaponList(list));
+    out["OmniWeapons"] = std::move(configs);
+    out["OmniConfigUsed"] = Array6(f.OmniConfigUsed);
+    out["OmniFuelTonnage"] = Array6(f.OmniFuelTonnage);
+    out["OmniHeatSinks"] = Array6(f.OmniHeatSinks);
+    out["OmniHeatSinkTonnage"] = Array6(f.OmniHeatSinkTonnage);
+    return out;
 }
 
-int RunDump(const std::vector<std::string>& args) {
-    if (args.size() != 1) {
-        std::fprintf(stderr, "usage: bwtool dump FILE\n");
-        return 2;
-    }
+int RunDump(const std::vector<std::string>& options) {
+    QCommandLineParser parser;
+    std::vector<std::string> args;
+    const int parsed = bwtool::ParseCommand(parser, "dump", options, {{"FILE", "the database file"}}, 1, 1,
+                                            "usage: bwtool dump FILE", args);
+    if (parsed >= 0) return parsed;
     std::string bytes;
     if (!ReadWhole(args[0], bytes)) {
         std::fprintf(stderr, "%s: cannot be read\n", args[0].c_str());
@@ -171,19 +200,21 @@ int RunDump(const std::vector<std::string>& args) {
     bw::zReadDesignTables(r, vehicles, fighters);
     // A blank table (count field -1) holds no design.
     for (size_t i = 0; i < vehicles.size() && c.vehicles > 0; ++i)
-        std::printf("%s\n", DumpVehicle(*vehicles[i], i).c_str());
+        std::printf("%s\n", Line(DumpVehicle(*vehicles[i], i)).c_str());
     for (size_t i = 0; i < fighters.size() && c.fighters > 0; ++i)
-        std::printf("%s\n", DumpFighter(*fighters[i], i).c_str());
+        std::printf("%s\n", Line(DumpFighter(*fighters[i], i)).c_str());
     return 0;
 }
 
 using bwtool::ConsoleUi;
 
-int RunCopy(const std::vector<std::string>& args) {
-    if (args.size() != 2) {
-        std::fprintf(stderr, "usage: bwtool copy IN OUT\n");
-        return 2;
-    }
+int RunCopy(const std::vector<std::string>& options) {
+    QCommandLineParser parser;
+    std::vector<std::string> args;
+    const int parsed = bwtool::ParseCommand(parser, "copy", options,
+                                            {{"IN", "the database to open"}, {"OUT", "the file to save it as"}}, 2, 2,
+                                            "usage: bwtool copy IN OUT", args);
+    if (parsed >= 0) return parsed;
     ConsoleUi ui;
     bw::SetUi(&ui);
     // The temporary file of a save belongs in the program's folder; for
@@ -210,11 +241,12 @@ int RunCopy(const std::vector<std::string>& args) {
 
 // Runs the program's upgrade command on the file; its boxes become lines on
 // standard error.
-int RunUpgrade(const std::vector<std::string>& args) {
-    if (args.size() != 1) {
-        std::fprintf(stderr, "usage: bwtool upgrade FILE\n");
-        return 2;
-    }
+int RunUpgrade(const std::vector<std::string>& options) {
+    QCommandLineParser parser;
+    std::vector<std::string> args;
+    const int parsed = bwtool::ParseCommand(parser, "upgrade", options, {{"FILE", "the version 1 database"}}, 1, 1,
+                                            "usage: bwtool upgrade FILE", args);
+    if (parsed >= 0) return parsed;
     ConsoleUi ui;
     bw::SetUi(&ui);
     // The program's folder is the file's, so nothing lands beside bwtool.

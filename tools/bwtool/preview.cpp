@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "Commands.h"
+#include "Options.h"
 #include "core/BinaryIO.h"
 #include "core/Errors.h"
 #include "databuild/DiagramGeometry.h"
@@ -94,11 +95,13 @@ std::string Lower(std::string s) {
     return s;
 }
 
-int RunPreview(const std::vector<std::string>& args) {
-    if (args.size() != 1) {
-        std::fprintf(stderr, "usage: bwtool preview OUT_DIR\n");
-        return 2;
-    }
+int RunPreview(const std::vector<std::string>& options) {
+    QCommandLineParser parser;
+    std::vector<std::string> args;
+    if (const int rc = bwtool::ParseCommand(parser, "preview", options, {{"OUT_DIR", "where the pictures go"}}, 1, 1,
+                                            "usage: bwtool preview OUT_DIR", args);
+        rc >= 0)
+        return rc;
     const fs::path out = args[0];
     const fs::path dir = out / "preview";
     std::error_code ec;
@@ -165,11 +168,24 @@ int RunPreview(const std::vector<std::string>& args) {
 // Authoring aid: lays out the diagram sources, tells each outline's room,
 // and with --cpp NAME prints that source's dots as C++ initialisers (how
 // the fighter's fixed lists are made).
-int RunDiagrams(const std::vector<std::string>& args) {
-    if (args.size() != 1 && !(args.size() == 3 && (args[1] == "--cpp" || args[1] == "--render"))) {
-        std::fprintf(stderr, "usage: bwtool diagrams DIAGRAM_DIR [--cpp NAME | --render OUT_DIR]\n");
+int RunDiagrams(const std::vector<std::string>& options) {
+    QCommandLineParser parser;
+    const QCommandLineOption cppOpt("cpp", "print the dots of source NAME as C++ initialisers", "NAME");
+    const QCommandLineOption renderOpt("render", "draw every art and editor diagram with its dots", "OUT_DIR");
+    parser.addOptions({cppOpt, renderOpt});
+    const std::string usage = "usage: bwtool diagrams DIAGRAM_DIR [--cpp NAME | --render OUT_DIR]";
+    std::vector<std::string> args;
+    if (const int rc = bwtool::ParseCommand(parser, "diagrams", options, {{"DIAGRAM_DIR", "the diagram sources"}}, 1,
+                                            1, usage, args);
+        rc >= 0)
+        return rc;
+    if (parser.isSet(cppOpt) && parser.isSet(renderOpt)) {
+        std::fprintf(stderr, "%s\n", usage.c_str());
         return 2;
     }
+    // The chosen mode and its value where they always stood.
+    if (parser.isSet(cppOpt)) args = {args[0], "--cpp", parser.value(cppOpt).toStdString()};
+    if (parser.isSet(renderOpt)) args = {args[0], "--render", parser.value(renderOpt).toStdString()};
     std::vector<bw::DiagramSource> sources;
     std::string error;
     if (!bw::zReadDiagramFolder(args[0], sources, error)) {

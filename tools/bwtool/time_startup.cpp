@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "Commands.h"
+#include "Options.h"
 #include "ConsoleUi.h"
 #include "core/Errors.h"
 #include "core/Globals.h"
@@ -17,11 +18,14 @@ namespace {
 
 using bwtool::ConsoleUi;
 
-int RunTimeStartup(const std::vector<std::string>& args) {
-    if (args.size() != 1) {
-        std::fprintf(stderr, "usage: time-startup DIR\n");
-        return 2;
-    }
+int RunTimeStartup(const std::vector<std::string>& options) {
+    QCommandLineParser parser;
+    std::vector<std::string> args;
+    if (const int rc = bwtool::ParseCommand(parser, "time-startup", options,
+                                            {{"DIR", "a folder holding the reference files"}}, 1, 1,
+                                            "usage: time-startup DIR", args);
+        rc >= 0)
+        return rc;
     ConsoleUi ui;
     bw::SetUi(&ui);
     bw::SetAppPath(args[0]);
