@@ -30,7 +30,10 @@ inline int ParseCommand(QCommandLineParser& parser, const std::string& command, 
     for (const auto& a : args) argv << QString::fromStdString(a);
     const bool ok = parser.parse(argv);
     if (ok && parser.isSet("help")) {
-        std::printf("%s", parser.helpText().toStdString().c_str());
+        // Without an application object Qt cannot name the program itself.
+        QString help = parser.helpText();
+        help.replace("<executable_name>", QString::fromStdString("bwtool " + command));
+        std::printf("%s", help.toStdString().c_str());
         return 0;
     }
     pos.clear();

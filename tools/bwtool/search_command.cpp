@@ -4,7 +4,12 @@
 #include <string>
 #include <vector>
 
+#include <cstdint>
+
+#include <QCommandLineParser>
+
 #include "Commands.h"
+#include "Options.h"
 #include "ConsoleUi.h"
 #include "core/Globals.h"
 #include "search/SearchCriterion.h"
@@ -12,30 +17,21 @@
 
 namespace {
 
-constexpr const char* kUsage = "usage: bwtool search DATABASE... --criteria FILE.json\n";
+constexpr const char* kUsage = "usage: bwtool search DATABASE... --criteria FILE.json";
 
 int RunSearch(const std::vector<std::string>& args) {
+    QCommandLineParser parser;
+    const QCommandLineOption criteriaOption("criteria", "the criteria file, as the Search window saves it", "FILE.json");
+    parser.addOption(criteriaOption);
     std::vector<std::string> databases;
-    std::string criteriaPath;
-    bool haveCriteria = false;
-    for (size_t i = 0; i < args.size(); ++i) {
-        if (args[i] == "--criteria" && i + 1 < args.size() && !haveCriteria) {
-            criteriaPath = args[++i];
-            haveCriteria = true;
-        } else if (args[i].rfind("--criteria=", 0) == 0 && !haveCriteria) {
-            criteriaPath = args[i].substr(11);
-            haveCriteria = true;
-        } else if (args[i].rfind("--", 0) == 0) {
-            std::fputs(kUsage, stderr);
-            return 2;
-        } else {
-            databases.push_back(args[i]);
-        }
-    }
-    if (!haveCriteria || databases.empty()) {
-        std::fputs(kUsage, stderr);
+    const int parsed = bwtool::ParseCommand(parser, "search", args, {{"DATABASE", "a database to search, in order"}},
+                                            1, SIZE_MAX, kUsage, databases);
+    if (parsed >= 0) return parsed;
+    if (!parser.isSet(criteriaOption) || parser.values(criteriaOption).size() != 1) {
+        std::fprintf(stderr, "%s\n", kUsage);
         return 2;
     }
+    const std::string criteriaPath = parser.value(criteriaOption).toStdString();
     const bw::CriteriaFileResult criteria = bw::zReadCriteriaFile(criteriaPath);
     if (!criteria.ok) {
         std::fprintf(stderr, "%s: %s\n", criteriaPath.c_str(), criteria.error.c_str());
