@@ -109,7 +109,9 @@ int RunPrint(const std::vector<std::string>& args) {
     parser.addOptions({pilot, piloting, gunnery, config, dbl, pdf, opsOpt});
     if (!parser.parse(argv)) return Bad(parser.errorText().toStdString());
     if (parser.isSet("help")) {
-        std::printf("%s", parser.helpText().toStdString().c_str());
+        QString help = parser.helpText();
+        help.replace("<executable_name>", "bwtool print");
+        std::printf("%s", help.toStdString().c_str());
         return 0;
     }
     const QStringList pos = parser.positionalArguments();
