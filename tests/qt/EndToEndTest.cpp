@@ -396,3 +396,37 @@ TEST_F(EndToEnd, NothingReachesTheFileButThroughASaveThatWorked) {
     gamma->close();
     host.reset();
 }
+
+// A saved design printed from its editor to a PDF file through the print
+// options window.
+TEST_F(EndToEnd, ASavedDesignPrintsToAPdfFile) {
+    auto host = std::make_unique<qt::QtStartupHost>();
+    ASSERT_EQ(Main(*host), StartResult::Running);
+    qt::MainWindow* main = host->Window();
+    fake.ui.fileAnswers.push_back(database);
+    main->ActionFor(host->Model()->mnuFileNew)->trigger();
+    WhenModal([](QWidget* dlg) { QTest::mouseClick(dlg->findChild<QPushButton*>("PButCreate"), Qt::LeftButton); });
+    main->ToolAction("butVHLNew")->trigger();
+    qt::VehicleEditor* ed = TopEditor();
+    ASSERT_NE(ed, nullptr);
+    TypeAndLeave(ed->findChild<QLineEdit*>("TName"), "Printed");
+    QTest::mouseClick(ed->findChild<QPushButton*>("PButSave"), Qt::LeftButton);
+    ASSERT_TRUE(ed->Model().IsSaved());
+
+    const std::string pdf = dir.Path() + "/sheet.pdf";
+    fake.ui.fileAnswers.push_back(pdf);
+    WhenModal([](QWidget* dlg) {
+        auto* printers = dlg->findChild<QComboBox*>("cmboPrinters");
+        ASSERT_NE(printers, nullptr);
+        printers->setCurrentIndex(printers->findText("PDF file"));
+        Shot(dlg, "print-options.png");
+        QTest::mouseClick(dlg->findChild<QPushButton*>("PButOK"), Qt::LeftButton);
+    });
+    QTest::mouseClick(ed->findChild<QPushButton*>("PButPrint"), Qt::LeftButton);
+    ASSERT_TRUE(fs::exists(pdf));
+    std::ifstream in(pdf, std::ios::binary);
+    const std::string bytes((std::istreambuf_iterator<char>(in)), {});
+    EXPECT_EQ(bytes.substr(0, 5), "%PDF-");
+    EXPECT_GT(bytes.size(), 10000u) << "a page with its art";
+    host.reset();
+}
