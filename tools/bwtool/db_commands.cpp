@@ -217,9 +217,8 @@ int RunCopy(const std::vector<std::string>& options) {
     if (parsed >= 0) return parsed;
     ConsoleUi ui;
     bw::SetUi(&ui);
-    // The temporary file of a save belongs in the program's folder; for
-    // bwtool that is the output's folder, so the final rename stays on one
-    // file system. The log goes nowhere.
+    // The program's folder is the output's, so nothing the save or the open
+    // looks for lands beside bwtool. The log goes nowhere.
     const std::string out = bw::zNormalizePath(args[1]);
     const size_t slash = out.rfind('/');
     bw::SetAppPath(slash == std::string::npos ? "." : slash == 0 ? "/" : out.substr(0, slash));
