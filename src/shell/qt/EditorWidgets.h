@@ -8,7 +8,14 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
+#include <QGridLayout>
+#include <QGroupBox>
 #include <QPushButton>
+#include <QTreeWidget>
+#include <QVBoxLayout>
+
+#include <array>
+#include <span>
 
 #include "shell/qt/Binders.h"
 
@@ -66,6 +73,60 @@ inline QWidget* LabelledUpDown(Label& label, ScrollBar& scrl, QWidget* parent) {
     row->addStretch(1);
     BindCommon(w, scrl);
     return w;
+}
+
+// The parts of an editor's "Weapons and Equipment" panel, all models.
+struct EquipmentParts {
+    std::span<CheckBox> show;  // the class boxes
+    TreeView& avail;
+    TreeView& selected;
+    const char* selectedCaption;  // "Mounted", "Selected"
+    std::span<CommandButton> move;  // add, remove, clear
+    CommandButton& allocate;
+    CommandButton &expandAvail, &collapseAvail, &expandSel, &collapseSel;
+};
+
+// The panel both editors show: the class boxes above, the available and the
+// selected trees side by side with the commands between them, expand and
+// collapse under each tree.
+inline QGroupBox* EquipmentPanel(const EquipmentParts& p, QWidget* parent) {
+    auto* equipment = new QGroupBox(QObject::tr("Weapons and Equipment"), parent);
+    auto* eq = new QGridLayout(equipment);
+    auto* shows = new QHBoxLayout;
+    shows->addWidget(Caption(QObject::tr("Show"), equipment));
+    for (CheckBox& box : p.show) shows->addWidget(Bound(box, equipment));
+    shows->addStretch(1);
+    eq->addLayout(shows, 0, 0, 1, 3);
+    auto tree = [&](TreeView& model) {
+        auto* t = new QTreeWidget(equipment);
+        t->setObjectName(QString::fromStdString(model.Name));
+        t->setMinimumHeight(200);
+        BindTreeView(t, model);
+        return t;
+    };
+    eq->addWidget(Caption(QObject::tr("Available"), equipment), 1, 0);
+    eq->addWidget(Caption(QString::fromUtf8(p.selectedCaption), equipment), 1, 2);
+    eq->addWidget(tree(p.avail), 2, 0);
+    eq->addWidget(tree(p.selected), 2, 2);
+    auto* mid = new QVBoxLayout;
+    mid->addStretch(1);
+    for (CommandButton& b : p.move) mid->addWidget(Bound(b, equipment));
+    mid->addSpacing(12);
+    mid->addWidget(Bound(p.allocate, equipment));
+    mid->addStretch(1);
+    eq->addLayout(mid, 2, 1);
+    auto treeButtons = [&](CommandButton& open, CommandButton& shut) {
+        auto* row = new QHBoxLayout;
+        row->addWidget(Bound(open, equipment));
+        row->addWidget(Bound(shut, equipment));
+        row->addStretch(1);
+        return row;
+    };
+    eq->addLayout(treeButtons(p.expandAvail, p.collapseAvail), 3, 0);
+    eq->addLayout(treeButtons(p.expandSel, p.collapseSel), 3, 2);
+    eq->setColumnStretch(0, 1);
+    eq->setColumnStretch(2, 1);
+    return equipment;
 }
 
 }  // namespace bw::qt

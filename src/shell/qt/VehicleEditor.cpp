@@ -288,45 +288,10 @@ QWidget* VehicleEditor::GeneralTab() {
     grid->addWidget(specials, 0, 2, 2, 1);
 
     // Weapons and equipment: what may be mounted, and what is.
-    auto* equipment = new QGroupBox("Weapons and Equipment", page);
-    auto* eq = new QGridLayout(equipment);
-    auto* shows = new QHBoxLayout;
-    shows->addWidget(Caption("Show", equipment));
-    for (CheckBox& box : m.CBoxShowType) shows->addWidget(Bound(box, equipment));
-    shows->addStretch(1);
-    eq->addLayout(shows, 0, 0, 1, 3);
-
-    auto tree = [&](TreeView& model) {
-        auto* t = new QTreeWidget(equipment);
-        t->setObjectName(QString::fromStdString(model.Name));
-        t->setMinimumHeight(200);
-        BindTreeView(t, model);
-        return t;
-    };
-    auto* avail = tree(m.tvAvailEq);
-    auto* sel = tree(m.tvSelectedEq);
-    eq->addWidget(Caption("Available", equipment), 1, 0);
-    eq->addWidget(Caption("Mounted", equipment), 1, 2);
-    eq->addWidget(avail, 2, 0);
-    eq->addWidget(sel, 2, 2);
-    auto* mid = new QVBoxLayout;
-    mid->addStretch(1);
-    for (auto& b : m.PButEquipment) mid->addWidget(Bound(b, equipment));
-    mid->addSpacing(12);
-    mid->addWidget(Bound(m.PButAllocate, equipment));
-    mid->addStretch(1);
-    eq->addLayout(mid, 2, 1);
-    auto treeButtons = [&](CommandButton& open, CommandButton& shut) {
-        auto* row = new QHBoxLayout;
-        row->addWidget(Bound(open, equipment));
-        row->addWidget(Bound(shut, equipment));
-        row->addStretch(1);
-        return row;
-    };
-    eq->addLayout(treeButtons(m.PButExpandAvail, m.PButCollapseAvail), 3, 0);
-    eq->addLayout(treeButtons(m.PButExpandSel, m.PButCollapseSel), 3, 2);
-    eq->setColumnStretch(0, 1);
-    eq->setColumnStretch(2, 1);
+    auto* equipment = EquipmentPanel({m.CBoxShowType, m.tvAvailEq, m.tvSelectedEq, "Mounted", m.PButEquipment,
+                                      m.PButAllocate, m.PButExpandAvail, m.PButCollapseAvail, m.PButExpandSel,
+                                      m.PButCollapseSel},
+                                     page);
     grid->addWidget(equipment, 2, 0, 1, 3);
     grid->setRowStretch(2, 1);
     grid->setColumnStretch(1, 1);
