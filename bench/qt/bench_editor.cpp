@@ -51,18 +51,20 @@ std::shared_ptr<Vehicle> Design60() {
     return v;
 }
 
-struct Fixture {
+// The main window with one stored design, and the editor Open makes on a
+// copy of it (what Open does once the picker has answered).
+template <class Editor, class Model, class Design>
+struct EditorFixture {
     frmMain main;
-    qt::VehicleEditor* editor = nullptr;
-    Fixture() {
+    Editor* editor = nullptr;
+    std::vector<std::shared_ptr<Design>>& table;
+    EditorFixture(std::vector<std::shared_ptr<Design>>& t, std::shared_ptr<Design> stored) : table(t) {
         main.Form_Load();
-        gVehicles.assign(1, Design60());
+        table.assign(1, std::move(stored));
     }
-    // What Open Vehicle does once the picker has answered: an editor on a
-    // copy of the stored design, shown.
     void Open() {
-        FormModel* m = zShowModeless(frmVhl::zOpenDesign(*gVehicles[0]), &main);
-        editor = qobject_cast<qt::VehicleEditor*>(qt::QtFormHost::Instance().WidgetOf(*m));
+        FormModel* m = zShowModeless(Model::zOpenDesign(*table[0]), &main);
+        editor = qobject_cast<Editor*>(qt::QtFormHost::Instance().WidgetOf(*m));
     }
     void Close() {
         if (!editor) return;
@@ -71,7 +73,11 @@ struct Fixture {
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         editor = nullptr;
     }
-    ~Fixture() { Close(); }
+    ~EditorFixture() { Close(); }
+};
+
+struct Fixture : EditorFixture<qt::VehicleEditor, frmVhl, Vehicle> {
+    Fixture() : EditorFixture(gVehicles, Design60()) {}
 };
 
 void BM_OpenStoredDesignWith60Items(benchmark::State& state) {
@@ -172,25 +178,8 @@ std::shared_ptr<Fighter> Fighter20() {
     return f;
 }
 
-struct FighterFixture {
-    frmMain main;
-    qt::FighterEditor* editor = nullptr;
-    FighterFixture() {
-        main.Form_Load();
-        gFighters.assign(1, Fighter20());
-    }
-    void Open() {
-        FormModel* m = zShowModeless(frmFtr::zOpenDesign(*gFighters[0]), &main);
-        editor = qobject_cast<qt::FighterEditor*>(qt::QtFormHost::Instance().WidgetOf(*m));
-    }
-    void Close() {
-        if (!editor) return;
-        editor->Model().wSaved = kTrue;
-        editor->close();
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        editor = nullptr;
-    }
-    ~FighterFixture() { Close(); }
+struct FighterFixture : EditorFixture<qt::FighterEditor, frmFtr, Fighter> {
+    FighterFixture() : EditorFixture(gFighters, Fighter20()) {}
 };
 
 void BM_FighterOpenStoredDesignWith20Items(benchmark::State& state) {
