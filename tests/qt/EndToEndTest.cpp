@@ -138,26 +138,10 @@ TEST_F(EndToEnd, CreateSaveReopenChangeOverwriteDelete) {
     WhenModal([](QWidget* w) {
         auto* dlg = qobject_cast<qt::AllocationDialog*>(w);
         ASSERT_NE(dlg, nullptr);
-        while (dlg->Avail()->count() > 0) {
-            QListWidgetItem* item = dlg->Avail()->item(0);
-            // The lists are rebuilt by the drop: keep the text, not the item.
-            const QString text = item->text();
-            const int16_t loc = text.startsWith("SRM") ? int16_t{kLocFront} : int16_t{kLocTurret};
-            QTest::mouseClick(dlg->Avail()->viewport(), Qt::LeftButton, {},
-                              dlg->Avail()->visualItemRect(item).center());
-            std::unique_ptr<QMimeData> data(dlg->Avail()->DragPayload());
-            QWidget* target = dlg->Loc(loc)->viewport();
-            const QPoint at = target->rect().center();
-            QDragEnterEvent enter(at, Qt::MoveAction, data.get(), Qt::LeftButton, {});
-            QApplication::sendEvent(target, &enter);
-            QDragMoveEvent move(at, Qt::MoveAction, data.get(), Qt::LeftButton, {});
-            QApplication::sendEvent(target, &move);
-            QDropEvent drop(at, Qt::MoveAction, data.get(), Qt::LeftButton, {});
-            QApplication::sendEvent(target, &drop);
-            // The list takes the entry once the drag has ended.
-            QCoreApplication::processEvents();
-            ASSERT_EQ(dlg->Avail()->findItems(text, Qt::MatchExactly).size(), 0);
-        }
+        // The guns into the turret, the missiles to the front.
+        DragAll(dlg, [](const QString& text) {
+            return text.startsWith("SRM") ? int16_t{kLocFront} : int16_t{kLocTurret};
+        });
         Shot(dlg, "allocation.png");
         QTest::mouseClick(dlg->findChild<QPushButton*>("PButDone"), Qt::LeftButton);
     });

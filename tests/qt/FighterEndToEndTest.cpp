@@ -74,21 +74,7 @@ protected:
         WhenModal([loc](QWidget* w) {
             auto* dlg = qobject_cast<qt::FighterAllocationDialog*>(w);
             ASSERT_NE(dlg, nullptr);
-            while (dlg->Avail()->count() > 0) {
-                QListWidgetItem* item = dlg->Avail()->item(0);
-                const QString text = item->text();
-                QTest::mouseClick(dlg->Avail()->viewport(), Qt::LeftButton, {},
-                                  dlg->Avail()->visualItemRect(item).center());
-                std::unique_ptr<QMimeData> data(dlg->Avail()->DragPayload());
-                QWidget* target = dlg->Loc(loc)->viewport();
-                const QPoint at = target->rect().center();
-                QDragEnterEvent enter(at, Qt::MoveAction, data.get(), Qt::LeftButton, {});
-                QApplication::sendEvent(target, &enter);
-                QDropEvent drop(at, Qt::MoveAction, data.get(), Qt::LeftButton, {});
-                QApplication::sendEvent(target, &drop);
-                QCoreApplication::processEvents();
-                ASSERT_EQ(dlg->Avail()->findItems(text, Qt::MatchExactly).size(), 0);
-            }
+            DragAll(dlg, [loc](const QString&) { return loc; });
             Shot(dlg, "fighter-allocation.png");
             QTest::mouseClick(dlg->findChild<QPushButton*>("PButDone"), Qt::LeftButton);
         });

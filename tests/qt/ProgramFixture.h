@@ -8,11 +8,15 @@
 
 #include <filesystem>
 #include <functional>
+#include <memory>
 #include <string>
 #include <vector>
 
 #include <QApplication>
 #include <QDialog>
+#include <QDragEnterEvent>
+#include <QListWidget>
+#include <QMimeData>
 #include <QLineEdit>
 #include <QProcess>
 #include <QTest>
@@ -110,6 +114,29 @@ protected:
         auto* b = upDownOwner->findChild<QToolButton*>(which);
         ASSERT_NE(b, nullptr);
         for (int i = 0; i < times; ++i) QTest::mouseClick(b, Qt::LeftButton);
+    }
+    // Drags every entry of an allocation dialog's unallocated list onto the
+    // location locFor names for its text, as a user's drag ends.
+    template <class Dialog, class LocFor>
+    static void DragAll(Dialog* dlg, LocFor locFor) {
+        while (dlg->Avail()->count() > 0) {
+            QListWidgetItem* item = dlg->Avail()->item(0);
+            // The lists are rebuilt by the drop: keep the text, not the item.
+            const QString text = item->text();
+            QTest::mouseClick(dlg->Avail()->viewport(), Qt::LeftButton, {}, dlg->Avail()->visualItemRect(item).center());
+            std::unique_ptr<QMimeData> data(dlg->Avail()->DragPayload());
+            QWidget* target = dlg->Loc(locFor(text))->viewport();
+            const QPoint at = target->rect().center();
+            QDragEnterEvent enter(at, Qt::MoveAction, data.get(), Qt::LeftButton, {});
+            QApplication::sendEvent(target, &enter);
+            QDragMoveEvent move(at, Qt::MoveAction, data.get(), Qt::LeftButton, {});
+            QApplication::sendEvent(target, &move);
+            QDropEvent drop(at, Qt::MoveAction, data.get(), Qt::LeftButton, {});
+            QApplication::sendEvent(target, &drop);
+            // The list takes the entry once the drag has ended.
+            QCoreApplication::processEvents();
+            ASSERT_EQ(dlg->Avail()->findItems(text, Qt::MatchExactly).size(), 0);
+        }
     }
     // The database as bwtool dump reads it, a line a design.
     std::vector<std::string> Dump() const {
